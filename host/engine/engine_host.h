@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: Apache-2.0
+// What the engine offers to the host process that loads it, beside the RBX_* interface of the command library.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include <epon/engine.h>
+
+#include "host/engine/command_tree.h"
+
+namespace engine {
+
+// --- Before the console is activated -----------------------------------------------------------------------------
+
+struct Options {
+    std::string host_name = "epon";           // "%s" of the prompts
+    std::string listen_address = "127.0.0.1"; // used when RBX_vty_serv_sock is given no address
+    std::uint16_t port = 2600;                // bound by prepare; adopted by RBX_vty_serv_sock with the same port
+    std::string socket_path;                  // local socket; empty: the path that the library asks for
+    std::string password_file;                // one crypt(3) hash on its first line; empty: no login
+};
+
+// Checks the options, loads the password and binds the TCP port, so that nothing is half-started when one of them is
+// wrong. False with one clear line in *error.
+bool prepare(const Options& options, std::string* error);
+
+// What the engine must know of a node and the node record does not say.
+struct NodeRules {
+    int node;
+    int parent; // where "exit" leads; -1: it closes the session
+    // Completes a prompt that ends after the OLT number; appends to *prompt. May be null.
+    void (*prompt_tail)(const vty& session, std::string* prompt) = nullptr;
+    // Takes a typed line instead of the node's commands; leave words ("exit", "end", "quit", "logout") stay the
+    // engine's. May be null.
+    int (*raw_line)(vty* session, const char* line) = nullptr;
+    const char* raw_help = nullptr; // what "?" says in a raw node
+    // Called when a session leaves the node by a leave word or by closing. May be null.
+    void (*leave)(vty* session) = nullptr;
+};
+void set_node_rules(const NodeRules& rules);
+
+// Adds a command of the host's own.
+void install_host_element(int node, cmd_element* element);
+
+// Every element of the given origin, by node id and order of installation.
+void for_each_element(Origin origin, const std::function<void(int node, const cmd_element&)>& visit);
+
+// --- While the console is served ----------------------------------------------------------------------------------
+
+// "127.0.0.1 port 2600 and /var/run/epon.sock", once served; empty before.
+std::string served_at();
+
+// Closes every session and parks the console thread for good. Returns when it is parked (at once when none runs).
+void stop();
+
+// --- Sessions without a connection, for tests and scripts ---------------------------------------------------------
+
+struct Outcome {
+    MatchStatus status; // Matched when a handler ran
+    int result = 0;     // what it returned
+};
+
+// A session in the view node whose output is kept; no prompt, no echo. The calling thread acts as console thread.
+vty* open_memory_session(int type = VTY_TYPE_TERMINAL);
+// Runs one line as if it had been typed.
+Outcome execute(vty* session, std::string_view line);
+// All output since the last call, events included.
+std::string take_output(vty* session);
+std::string prompt(const vty* session);
+void close_session(vty* session);
+
+} // namespace engine

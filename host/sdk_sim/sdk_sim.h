@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: Apache-2.0
+// What the simulated SDK offers to the host process and the tests, beside the SDK's own operations: the network it
+// models, its journal, faults and events. Any thread, unless noted.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace sdk_sim {
+
+// --- The network -------------------------------------------------------------------------------------------------
+
+// Replaces the whole network by a scenario (TOML). False with one line in *error that names the file, the line and what
+// was expected there; the network is then unchanged.
+bool load_scenario_file(const std::string& path, std::string* error);
+bool load_scenario_text(std::string_view toml, std::string_view name, std::string* error);
+// The embedded network that a host without a scenario starts with.
+std::string_view demo_scenario();
+// Name of the network: the "%s" of the console's prompts.
+std::string network_name();
+// Forgets network, faults, journal and event handlers: a fresh process. For tests.
+void reset();
+
+// Starts and stops the event thread. Before start, events are kept; stop delivers nothing more and joins the thread.
+void start();
+void stop();
+// Returns when every event raised so far has been delivered.
+void drain_events();
+
+// --- The SDK log and the journal ---------------------------------------------------------------------------------
+
+// Where the SDK log goes, one line per entry: a file that is appended to, or "-" for stderr. Empty: nowhere. The
+// journal goes there too. False with a line in *error when the file cannot be opened.
+bool set_log(const std::string& path, std::string* error);
+// Every call since the last one of this function, as "NEP_set_mpcp_timeout(0, 300) = 0". Kept only while recording.
+void record_journal(bool on);
+std::vector<std::string> take_journal();
+// Entries of NEPLOG_print since the last call, as "topic|module|olt|onu|text". Kept only while recording.
+std::vector<std::string> take_log();
+
+// --- Faults ------------------------------------------------------------------------------------------------------
+
+struct Fault {
+    std::string operation;      // "NEP_reset_olt"
+    std::int16_t code = -1;     // what it returns, without touching the model
+    std::uint32_t count = 1;    // for how many calls
+    std::uint32_t skip = 0;     // calls that pass before
+    std::uint32_t delay_ms = 0; // time each faulty call takes
+    bool after = false;         // carry out the call first, then return the code
+};
+// False when no operation has that name.
+bool inject(const Fault& fault);
+void clear_faults();
+std::vector<std::string> operations();
+
+// --- Events ------------------------------------------------------------------------------------------------------
+
+struct EventField {
+    std::string name;
+    std::string meaning; // with unit and range
+};
+struct EventDescription {
+    int kind;
+    std::string name; // "onu-registered"
+    std::vector<EventField> fields;
+};
+const std::vector<EventDescription>& event_descriptions();
+// Raises an event. values is "field=value,field=value"; fields that are not named are 0. False with a line in *error.
+bool raise_event(int kind, std::int16_t olt_id, std::string_view values, std::string* error);
+
+// Receives the output of the OLT firmwares' own consoles, one line a call, on the event thread.
+void set_firmware_console(void (*print)(const char* text));
+
+// --- Driving the network -----------------------------------------------------------------------------------------
+
+// Takes an OLT away as a power failure would, or brings it back as it was. False when it is not known or already so.
+bool remove_olt(std::int16_t olt_id);
+bool return_olt(std::int16_t olt_id);
+
+} // namespace sdk_sim

@@ -1,0 +1,18 @@
+/* SPDX-License-Identifier: Apache-2.0 */
+/*
+ * What the command library needs from the OLT SDK. One header per family.
+ *
+ * Unless a header says otherwise, an operation returns a signed 16-bit code (0 for success, else a code of the
+ * family's return-code table), may be called from any thread, and keeps no pointer that it was given.
+ * OLT indices are 0..15, LLID and ONU indices 0..254; 4095 is the broadcast LLID.
+ */
+#ifndef EPON_SDK_H
+#define EPON_SDK_H
+
+#include <epon/sdk/events.h>
+#include <epon/sdk/log.h>
+#include <epon/sdk/olt.h>
+#include <epon/sdk/onu.h>
+#include <epon/sdk/xaui_redundancy.h>
+
+#endif
