@@ -1,0 +1,103 @@
+#!/usr/bin/python3 -B
+# SPDX-License-Identifier: Apache-2.0
+"""Checks what libepon_cli.so needs and carries, so that it loads into any host on a small board.
+
+  library_needs.py path/to/libepon_cli.so
+
+It needs the C library alone; what it leaves undefined is the C library's, the engine's or the SDK's; it runs nothing
+when it is loaded; and what it exports belongs to the interface.
+"""
+
+import re
+import subprocess
+import sys
+
+NEEDED = re.compile(r"libc\.so\.6|ld-linux.*\.so\.\d+")
+
+ENGINE_AND_SDK = re.compile(r"RBX_\w+|vtyvec|NEP_\w+|CTC_STACK_\w+|REMOTE_NEPONU_\w+|NEPLOG_\w+|OSSRV_\w+|"
+                            r"Olt_exists|Mac_address_exist|Get_onu_record_static_mode|Get_pon_mac_name|"
+                            r"Set_logging_configuration")
+
+C_LIBRARY = set("""
+    strtol strtoul strtoll strtoull atoi sscanf __isoc99_sscanf __isoc23_sscanf __isoc23_strtol __isoc23_strtoul
+    snprintf vsnprintf printf fprintf sprintf __snprintf_chk __vsnprintf_chk __sprintf_chk __fprintf_chk
+    fopen fopen64 fread fwrite fclose fseek fseeko fseeko64 ftell ftello ftello64 ferror feof fgets fputs fputc
+    fstat fstat64 stat stat64 fileno __errno_location errno strerror unlink remove rename
+    malloc calloc realloc free
+    memcpy memmove memset memcmp memchr strlen strnlen strcmp strncmp strcasecmp strncasecmp strcpy strncpy strcat
+    strchr strrchr strstr strspn strcspn strtok_r strdup strpbrk
+    __memcpy_chk __memset_chk __strcpy_chk __stack_chk_fail __ctype_b_loc toupper tolower isxdigit isdigit
+    time localtime_r gmtime_r
+""".split())
+
+# Weak references that every shared object of this toolchain carries.
+TOOLCHAIN = {"__cxa_finalize", "__gmon_start__", "_ITM_deregisterTMCloneTable", "_ITM_registerTMCloneTable"}
+# Arithmetic that 32-bit ARM takes from the compiler's own library, linked in or from libc.
+ARM_ARITHMETIC = re.compile(r"__aeabi_\w+")
+
+# C++ run-time names would mean that something of libstdc++ crept in.
+CPLUSPLUS = re.compile(r"_Z(n|d|St|Ns|TI|TV|NSt|NKSt)\w*|__cxa_(?!finalize)\w+|__gxx_\w+")
+
+
+def tool(*command):
+    return subprocess.run(command, check=True, capture_output=True, text=True).stdout
+
+
+def needed(library):
+    return re.findall(r"\(NEEDED\).*\[(.*)\]", tool("readelf", "-dW", library))
+
+
+def symbols(library, *options):
+    """Names of the dynamic symbol table, without versions."""
+    lines = tool("nm", "-D", *options, library).splitlines()
+    return sorted({line.split()[-1].split("@")[0] for line in lines})
+
+
+def section_sizes(library):
+    sizes = {}
+    for name, size in re.findall(r"\]\s+(\.\S+)\s+\S+\s+[0-9a-f]+\s+[0-9a-f]+\s+([0-9a-f]+)",
+                                 tool("readelf", "-SW", library)):
+        sizes[name] = int(size, 16)
+    return sizes
+
+
+def findings(library):
+    for name in needed(library):
+        if not NEEDED.fullmatch(name):
+            yield f"needs {name}"
+    for name in symbols(library, "--undefined-only"):
+        if name in C_LIBRARY or name in TOOLCHAIN:
+            continue
+        if not ENGINE_AND_SDK.fullmatch(name) and not ARM_ARITHMETIC.fullmatch(name):
+            yield f"leaves {name} undefined"
+    for name in symbols(library, "--defined-only"):
+        if name.startswith("_Z") or CPLUSPLUS.fullmatch(name):
+            yield f"exports {name}, a C++ name"
+        if ENGINE_AND_SDK.fullmatch(name) and name != "RBX_vty_out":
+            yield f"defines {name}, which is the engine's or the SDK's"
+    sizes = section_sizes(library)
+    header = tool("readelf", "-hW", library)
+    pointer = 8 if "ELF64" in header else 4
+    # One entry is the toolchain's own frame_dummy.
+    for name in (".init_array", ".fini_array", ".preinit_array", ".ctors", ".dtors"):
+        if sizes.get(name, 0) > pointer:
+            yield f"runs code at load or unload: {name} has {sizes[name] // pointer} entries"
+    for name in (".tdata", ".tbss"):
+        if name in sizes:
+            yield f"has thread-local data ({name})"
+    if "TEXTREL" in tool("readelf", "-dW", library):
+        yield "has relocations in its code"
+
+
+def main():
+    if len(sys.argv) != 2:
+        print(__doc__, file=sys.stderr)
+        return 2
+    found = list(findings(sys.argv[1]))
+    for finding in found:
+        print(f"{sys.argv[1]}: {finding}")
+    return 1 if found else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
