@@ -13,14 +13,14 @@
 
 #include <epon/engine.h>
 
-namespace engine {
+#include "host/engine/grammar.h"
 
-// Who brought a command: the command library, the engine itself or the host ("simulate ...").
-enum class Origin { Library, Engine, Host };
+namespace engine {
 
 enum class MatchStatus { Matched, Empty, Unknown, Incomplete, Ambiguous };
 
-// The outcome of matching one line. Reuse one object: its buffers keep their capacity.
+// The outcome of matching one line. Reuse one object: its buffers keep their capacity. A copy's argv still points into
+// the original.
 struct Match {
     MatchStatus status = MatchStatus::Empty;
     cmd_element* element = nullptr;      // Matched
@@ -32,11 +32,11 @@ struct Match {
     std::string storage;                 // texts behind argv, each NUL-terminated, modifiable by the handler
 };
 
-// One thing that can be typed at a position.
+// One thing that can be typed at a position. The texts are parts of the installed elements and live as long as they do.
 struct Candidate {
-    std::string word; // as the operator types or reads it: "max-rtt", "<0-255>", "OLT_INDEX"; "<cr>" for end of line
-    std::string help; // its help line, without newline
-    bool literal = false; // a keyword or alternative that completion may insert
+    std::string_view word; // as the operator types or reads it: "max-rtt", "<0-255>", "OLT_INDEX"; "<cr>": end of line
+    std::string_view help; // its help line, without newline
+    bool literal = false;  // a keyword or alternative that completion may insert
 };
 
 class CommandTree {
@@ -47,15 +47,16 @@ class CommandTree {
     CommandTree& operator=(CommandTree&&) noexcept;
 
     // Parses the element's grammar (once per element: cmdsize and strvec are filled on the first installation) and adds
-    // it. False with a text when the grammar is malformed or its help lines do not match its words. A second
-    // installation of the same element is ignored.
+    // it. False with a text when the grammar is malformed, its help lines do not match its words, or another element
+    // has the very same words. A second installation of the same element is ignored.
     bool install(cmd_element* element, Origin origin, std::string* error);
 
     // Finds the command that the words mean.
     void match(std::span<const std::string_view> words, Match& out) const;
 
     // What can stand where `partial` stands, after the complete words before it; sorted keywords first, "<cr>" last.
-    // Words that occur in several commands are listed once.
+    // Words that occur in several commands are listed once. A word that is or begins a keyword stands for the keyword:
+    // what could follow if it were a value is listed only when nothing else is.
     std::vector<Candidate> candidates(std::span<const std::string_view> words, std::string_view partial) const;
 
     // Calls visit for every installed element in order of installation.

@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: Apache-2.0
+// The grammar of one command: its string and help lines parsed once into a compact list of tokens, and the rule of
+// what a typed word may be for each kind of token.
+//
+//   keyword            set, 10g, cni_dp0-tx-pkt   has a lower-case letter or begins with a digit
+//   variable           OLT_INDEX                  any one word
+//   range              <0-255> <-5-10> <0x0-0xff>
+//   address            A.B.C.D  A:B:C:D  A:B:C:D:E:F:G:H  XXXX:XXXX:... (8)  AA-BB-CC-DD-EE-FF
+//   alternatives       (enable|<0-62>|VALUE)      one word; blanks and tabs beside its members do not count
+//
+// Words are separated by blanks and tabs. A word glued to a closing parenthesis is the next word.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include <epon/engine.h>
+
+namespace engine {
+
+enum class WordKind : std::uint8_t {
+    Keyword,
+    Variable,
+    Decimal,     // decimal text only: a handler that converts decimally never sees "0x10"
+    Hexadecimal, // "0x" text and decimal text: a handler that insists on "0x" says so itself
+    Ipv4,
+    HexGroups4,
+    HexGroups8,
+    Mac // any one word, the handler explains what is wrong with it
+};
+
+// How closely a typed word fits a token; a smaller value is the closer fit.
+enum class Fit : std::uint8_t { ExactKeyword, KeywordPrefix, Value, Variable, None };
+
+// One keyword, variable, range or address: a word of its own or one alternative of a group. Offsets count from the
+// element's own string and doc, which are neither copied nor changed.
+struct Token {
+    std::uint16_t offset;
+    std::uint16_t help;
+    std::uint16_t help_length;
+    std::uint8_t length;
+    WordKind kind : 4;
+    std::uint8_t in_group : 1;
+    std::uint8_t last_of_word : 1;
+};
+
+// Who brought a command: the command library, the engine itself or the host ("simulate ...").
+enum class Origin : std::uint8_t { Library, Engine, Host };
+
+// The parsed form of one element, shared by all nodes it is installed in and kept for the life of the process. The
+// tokens follow the record.
+struct Grammar {
+    cmd_element* element;
+    const char* text; // element->string
+    std::uint16_t token_count;
+    std::uint16_t word_count;
+    Origin origin;
+
+    const Token* tokens() const
+    {
+        return reinterpret_cast<const Token*>(this + 1);
+    }
+    const Token& token(std::size_t index) const
+    {
+        return tokens()[index];
+    }
+    std::string_view form(std::size_t index) const
+    {
+        const Token& at = token(index);
+        return {text + at.offset, at.length};
+    }
+    std::string_view help(std::size_t index) const
+    {
+        const Token& at = token(index);
+        return {element->doc + at.help, at.help_length};
+    }
+    // First token after the word that the token belongs to.
+    std::size_t after_word(std::size_t index) const
+    {
+        while (!token(index).last_of_word)
+            index++;
+        return index + 1;
+    }
+    // First token of the word that the token belongs to.
+    std::size_t word_start(std::size_t index) const
+    {
+        while (index > 0 && !token(index - 1).last_of_word)
+            index--;
+        return index;
+    }
+    // Whether the word reaches the handler as an argument: everything but a keyword of its own does.
+    bool is_argument(std::size_t index) const
+    {
+        return token(index).kind != WordKind::Keyword || token(index).in_group;
+    }
+};
+
+// Parses the element on its first installation, fills its cmdsize and strvec, and returns the parsed form. Null with a
+// text when the grammar is malformed or its help lines do not match its words; the element is then left as it was.
+const Grammar* grammar_of(cmd_element* element, Origin origin, std::string* error);
+
+// How a typed word fits a token. An empty word and one that holds a NUL fit nothing.
+Fit fit_of(WordKind kind, std::string_view form, std::string_view word);
+
+// Whether more typing can still make a fitting word of `partial`.
+bool may_become(WordKind kind, std::string_view form, std::string_view partial);
+
+} // namespace engine
