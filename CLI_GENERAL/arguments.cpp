@@ -1,0 +1,156 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "CLI_GENERAL/arguments.h"
+
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+
+namespace epon {
+
+namespace {
+
+// Ranges are those of the board, where a long has 32 bits: what does not fit is out of range on every host.
+int64_t convert(const char* text, const char** end)
+{
+    char* stop;
+    int64_t value;
+    errno = 0;
+    if (strncmp(text, "0x", 2) == 0) {
+        const unsigned long long number = strtoull(text, &stop, 16);
+        if (number > UINT32_MAX) errno = ERANGE;
+        value = static_cast<int64_t>(number);
+    } else {
+        value = strtoll(text, &stop, 10);
+        if (value < INT32_MIN || value > INT32_MAX) errno = ERANGE;
+    }
+    *end = stop;
+    return value;
+}
+
+bool is_control(char c)
+{
+    return static_cast<unsigned char>(c) <= 31;
+}
+
+bool is_space(char c)
+{
+    return c == ' ' || (c >= '\t' && c <= '\r');
+}
+
+enum { SHORT_WORD_SIZE = 10 };
+
+// The first word of a text. False when there is none.
+bool scan_word(const char** text, size_t* length)
+{
+    while (is_space(**text))
+        ++*text;
+    *length = 0;
+    while ((*text)[*length] != '\0' && !is_space((*text)[*length]))
+        ++*length;
+    return *length != 0;
+}
+
+constexpr Word enable_disable_words[] = {{"enable", 1}, {"disable", 0}};
+constexpr Word enable_disable_capital_words[] = {{"Enable", 1}, {"Disable", 0}};
+
+} // namespace
+
+constinit const WordTable enable_disable = {"enable_disable", enable_disable_words, true};
+constinit const WordTable enable_disable_capital = {"enable_disable", enable_disable_capital_words};
+
+bool read_number(vty* session, const char* text, const NumberRule& rule, int64_t* value)
+{
+    const char* end;
+    const int64_t number = convert(text, &end);
+    if (errno == ERANGE || !is_control(*end) || is_control(*text)) {
+        RBX_vty_out(session, "Error reading %s parameter for command from input, aborting%s", rule.name,
+                    VTY_NEWLINE(session));
+        errno = 0;
+        return false;
+    }
+    const bool is_decimal = strncmp(text, "0x", 2) != 0;
+    if (rule.is_unsigned && is_decimal && strchr(text, '-') != nullptr) {
+        RBX_vty_out(session, "Error reading negative value of %s parameter from input, aborting%s", rule.name,
+                    VTY_NEWLINE(session));
+        return false;
+    }
+    if (number < rule.min || number > rule.max) {
+        RBX_vty_out(session, "Error in range of %s parameter for command from input min:%d max:%d, aborting%s",
+                    rule.name, static_cast<int>(rule.min), static_cast<int>(rule.max), VTY_NEWLINE(session));
+        return false;
+    }
+    *value = number;
+    return true;
+}
+
+int32_t read_bounded_decimal(const char* text)
+{
+    const long long value = strtoll(text, nullptr, 10);
+    if (value > INT32_MAX) return INT32_MAX;
+    if (value < INT32_MIN) return INT32_MIN;
+    return static_cast<int32_t>(value);
+}
+
+bool read_word(vty* session, const char* text, const char* name, const WordTable& table, int32_t* value)
+{
+    size_t length = strlen(text);
+    if (table.is_short) {
+        if (length >= SHORT_WORD_SIZE) {
+            RBX_vty_out(session, "Error reading %s parameter, internal buffer is too short, aborting!%s", name,
+                        VTY_NEWLINE(session));
+            return false;
+        }
+        if (!scan_word(&text, &length)) {
+            RBX_vty_out(session, "Error reading %s parameter for command from input, aborting%s", name,
+                        VTY_NEWLINE(session));
+            return false;
+        }
+    }
+    for (const Word& word : table.words) {
+        if (strlen(word.text) == length && memcmp(word.text, text, length) == 0) {
+            *value = word.value;
+            return true;
+        }
+    }
+    RBX_vty_out(session, "Error reading %s parameter (of the type %s), aborting%s", name, table.type_name,
+                VTY_NEWLINE(session));
+    return false;
+}
+
+const char* word_of(const WordTable& table, int32_t value)
+{
+    for (const Word& word : table.words) {
+        if (word.value == value) return word.text;
+    }
+    return "Invalid value";
+}
+
+bool read_olt_id(vty* session, const char* text, int16_t* olt_id)
+{
+    return read_number(session, text, signed_16("OLT_id"), olt_id);
+}
+
+MacResult read_mac(vty* session, const char* text, const char* what, uint8_t mac[6])
+{
+    size_t length;
+    if (!scan_word(&text, &length)) {
+        RBX_vty_out(session, "Error reading mac_address parameter for command from input, aborting%s",
+                    VTY_NEWLINE(session));
+        return MacResult::NotAWord;
+    }
+    if (length > MAC_TEXT_LENGTH) {
+        RBX_vty_out(session, "Error reading mac_address has wrong length, aborting%s", VTY_NEWLINE(session));
+        return MacResult::NotAWord;
+    }
+    char copy[MAC_TEXT_LENGTH + 1]; // the parser splits its text in place
+    memcpy(copy, text, length);
+    copy[length] = '\0';
+    if (CLI_parse_mac_addr_from_string(copy, mac) != 0) {
+        RBX_vty_out(session, "Error reading %s parameter from the MAC address string, aborting%s", what,
+                    VTY_NEWLINE(session));
+        return MacResult::NotAnAddress;
+    }
+    return MacResult::Read;
+}
+
+} // namespace epon

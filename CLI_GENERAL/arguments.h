@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: Apache-2.0
+// How handlers read their words. A reader that refuses a word has printed its one line; the handler only returns.
+#pragma once
+
+#include <cstdint>
+#include <span>
+
+#include <epon/cli.h>
+
+namespace epon {
+
+// --- Numbers -----------------------------------------------------------------------------------------------------
+
+// What a numeric parameter accepts. Words that begin with "0x" are hexadecimal, all others decimal.
+struct NumberRule {
+    const char* name; // as the messages call it
+    int64_t min;
+    int64_t max;
+    bool is_unsigned; // a decimal word with a minus sign is refused as negative
+};
+
+// The lower bound is -32767 on purpose.
+constexpr NumberRule signed_16(const char* name)
+{
+    return {name, -32767, 32767, false};
+}
+
+constexpr NumberRule unsigned_16(const char* name)
+{
+    return {name, 0, 65535, true};
+}
+
+// Any value of 32 bits; only the conversion can fail.
+constexpr NumberRule unsigned_32(const char* name)
+{
+    return {name, 0, UINT32_MAX, true};
+}
+
+constexpr NumberRule unsigned_range(const char* name, int32_t min, int32_t max)
+{
+    return {name, min, max, true};
+}
+
+// Reads one number by its rule. T is wide enough for the rule's bounds.
+bool read_number(vty* session, const char* text, const NumberRule& rule, int64_t* value);
+
+template <class T>
+bool read_number(vty* session, const char* text, const NumberRule& rule, T* value)
+{
+    int64_t number;
+    if (!read_number(session, text, rule, &number)) return false;
+    *value = static_cast<T>(number);
+    return true;
+}
+
+// A decimal number whose text the grammar has bounded already; nothing is refused, excess saturates at 32 bits.
+int32_t read_bounded_decimal(const char* text);
+
+// --- Words -------------------------------------------------------------------------------------------------------
+
+struct Word {
+    const char* text;
+    int32_t value;
+};
+
+// The words of one type of parameter; they are read and printed through the same table.
+struct WordTable {
+    const char* type_name; // as the refusal calls it
+    std::span<const Word> words;
+    bool is_short = false; // words of ten characters or more are refused before they are compared
+};
+
+extern const WordTable enable_disable;         // "enable" 1, "disable" 0
+extern const WordTable enable_disable_capital; // the same as listings print it
+
+// The first equal word of the table wins.
+bool read_word(vty* session, const char* text, const char* name, const WordTable& table, int32_t* value);
+
+// The word of a value, or "Invalid value".
+const char* word_of(const WordTable& table, int32_t value);
+
+// --- Targets and addresses ---------------------------------------------------------------------------------------
+
+// An OLT index. Whether that OLT exists is left to the SDK.
+bool read_olt_id(vty* session, const char* text, int16_t* olt_id);
+
+enum { MAC_TEXT_LENGTH = 17 }; // "AA-BB-CC-DD-EE-FF"
+
+enum class MacResult { Read, NotAWord, NotAnAddress };
+
+// A MAC address; what names it in the refusal of a malformed one ("MAC address"). The text itself stays as typed.
+MacResult read_mac(vty* session, const char* text, const char* what, uint8_t mac[6]);
+
+// The arguments of a command with a global form, which begins with an OLT index, and a short form, which takes the OLT
+// from the session. The forms differ in their number of arguments.
+class OltArguments {
+  public:
+    OltArguments(vty* session, int argc, char** argv, int global_form_argc)
+        : session_(session), words_(argv), is_global_(argc == global_form_argc)
+    {
+    }
+
+    // False when the index could not be read; its line is printed.
+    bool read_olt(int16_t* olt_id)
+    {
+        if (is_global_) return read_olt_id(session_, next(), olt_id);
+        *olt_id = session_->olt_id;
+        return true;
+    }
+
+    const char* next()
+    {
+        return *words_++;
+    }
+
+  private:
+    vty* session_;
+    char** words_;
+    bool is_global_;
+};
+
+} // namespace epon

@@ -1,0 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+// Commands of cascading groups. Not part of this build yet: it installs nothing.
+#include <epon/cli.h>
+
+void CASCADING_CLI_cmd_init() {}

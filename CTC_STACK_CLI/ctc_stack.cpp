@@ -1,0 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+// Commands of the CTC stack. Not part of this build yet: it installs nothing.
+#include <epon/cli.h>
+
+void CTC_STACK_CLI_cmd_init() {}

@@ -1,0 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+// Commands of remote SXG encryption. Not part of this build yet: it installs nothing.
+#include <epon/cli.h>
+
+void REMOTE_MANAGEMENT_CLI_sxg_cmd_init() {}

@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <initializer_list>
+
+#include "olt/olt.h"
+
+void CLI_OLT_cmd_init()
+{
+    static constinit bool is_installed = false;
+    if (is_installed) return;
+    is_installed = true;
+    epon::install_olt_nodes();
+    epon::install_olt_parameters();
+    epon::install_olt_version();
+    epon::install_olt_reset();
+    CLI_mode1_cmd_init();
+    for (const int node : {OLT_NODE, NEP5400_OLT_NODE, LLID_NODE, NEP5400_LLID_NODE, BC_LLID_NODE, NEP5400_BC_LLID_NODE,
+                           OLT_PON_NODE, NEP5400_OLT_PON_NODE, CNI_NODE, NEP5400_CNI_NODE, OLT_FW_CRAFT_NODE}) {
+        RBX_install_default(node);
+    }
+}

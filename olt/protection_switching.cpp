@@ -1,0 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+// Commands of PON protection switching. Not part of this build yet: it installs nothing.
+#include <epon/cli.h>
+
+void CLI_PS_cmd_init() {}

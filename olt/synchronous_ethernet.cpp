@@ -1,0 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+// Commands of synchronous Ethernet. Not part of this build yet: it installs nothing.
+#include <epon/cli.h>
+
+void CLI_syncE_cmd_init() {}

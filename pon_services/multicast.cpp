@@ -1,0 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+// Multicast commands (IGMP, MLD). Not part of this build yet: it installs nothing.
+#include <epon/cli.h>
+
+void CLI_mc_cmd_init() {}

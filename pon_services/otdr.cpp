@@ -1,0 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+// Commands of the reflectometer. Not part of this build yet: it installs nothing.
+#include <epon/cli.h>
+
+void OTDR_cli_cmd_init() {}
