@@ -18,6 +18,9 @@ ENGINE_AND_SDK = re.compile(r"RBX_\w+|vtyvec|NEP_\w+|CTC_STACK_\w+|REMOTE_NEPONU
                             r"Olt_exists|Mac_address_exist|Get_onu_record_static_mode|Get_pon_mac_name|"
                             r"Set_logging_configuration")
 
+# The library's own names with such a beginning.
+OWN = re.compile(r"RBX_vty_out|CTC_STACK_CLI_\w+|REMOTE_MANAGEMENT_CLI_\w+")
+
 C_LIBRARY = set("""
     strtol strtoul strtoll strtoull atoi sscanf __isoc99_sscanf __isoc23_sscanf __isoc23_strtol __isoc23_strtoul
     snprintf vsnprintf printf fprintf sprintf __snprintf_chk __vsnprintf_chk __sprintf_chk __fprintf_chk
@@ -73,7 +76,7 @@ def findings(library):
     for name in symbols(library, "--defined-only"):
         if name.startswith("_Z") or CPLUSPLUS.fullmatch(name):
             yield f"exports {name}, a C++ name"
-        if ENGINE_AND_SDK.fullmatch(name) and name != "RBX_vty_out":
+        if ENGINE_AND_SDK.fullmatch(name) and not OWN.fullmatch(name):
             yield f"defines {name}, which is the engine's or the SDK's"
     sizes = section_sizes(library)
     header = tool("readelf", "-hW", library)
