@@ -42,8 +42,8 @@ struct Token {
     std::uint16_t help_length;
     std::uint8_t length;
     WordKind kind : 4;
-    std::uint8_t in_group : 1;
-    std::uint8_t last_of_word : 1;
+    bool in_group : 1;
+    bool last_of_word : 1;
 };
 
 // Who brought a command: the command library, the engine itself or the host ("simulate ...").

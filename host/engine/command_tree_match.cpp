@@ -1,0 +1,260 @@
+// SPDX-License-Identifier: Apache-2.0
+// What a typed line means: its command and arguments, or why it means none.
+#include <algorithm>
+#include <cstring>
+
+#include "host/engine/command_tree_nodes.h"
+
+namespace engine {
+
+namespace {
+
+// Where "one of ..." stops listing: it is part of one line on a terminal.
+constexpr std::size_t REASON_WIDTH = 120;
+
+void reset(Match& out)
+{
+    out.status = MatchStatus::Empty;
+    out.element = nullptr;
+    out.argv.clear();
+    out.line.clear();
+    out.error_word = 0;
+    out.reason.clear();
+    out.candidates.clear();
+    out.storage.clear();
+}
+
+bool is_keyword(const State& at)
+{
+    return at.grammar->token(at.token).kind == WordKind::Keyword;
+}
+
+std::string_view form_of(const State& at)
+{
+    return at.grammar->form(at.token);
+}
+
+// The states behind each word up to the last one, as indices.
+void path_to(const Walk& walk, std::uint32_t last, std::vector<std::uint32_t>& path)
+{
+    path.resize(walk.words.size());
+    for (std::size_t i = path.size(); i-- > 0;) {
+        path[i] = last;
+        last = walk.state(last).parent;
+    }
+}
+
+void accept(const Walk& walk, std::uint32_t final, std::vector<std::uint32_t>& path, Match& out)
+{
+    path_to(walk, final, path);
+    std::size_t size = 0;
+    for (std::size_t i = 0; i < path.size(); i++) {
+        const State& at = walk.state(path[i]);
+        std::string_view word = is_keyword(at) ? form_of(at) : walk.words[i];
+        if (i > 0) out.line.push_back(' ');
+        out.line.append(word);
+        if (at.grammar->is_argument(at.token)) size += word.size() + 1;
+    }
+    // Sized first: argv points into it.
+    out.storage.resize(size);
+    char* next = out.storage.data();
+    for (std::size_t i = 0; i < path.size(); i++) {
+        const State& at = walk.state(path[i]);
+        if (!at.grammar->is_argument(at.token)) continue;
+        std::string_view word = is_keyword(at) ? form_of(at) : walk.words[i];
+        std::memcpy(next, word.data(), word.size());
+        next[word.size()] = '\0';
+        out.argv.push_back(next);
+        next += word.size() + 1;
+    }
+    out.element = walk.command_at(walk.state(final))->element;
+    out.status = MatchStatus::Matched;
+}
+
+// What the word behind a state could mean: the one thing it means, or all alternatives of its group that it begins.
+void add_meanings(const Walk& walk, std::uint32_t index, std::string_view word, std::vector<std::string>& meanings)
+{
+    const State& at = walk.state(index);
+    if (!at.ambiguous || walk.state(at.parent).ambiguous) {
+        meanings.emplace_back(form_of(at));
+        return;
+    }
+    const Grammar& grammar = *at.grammar;
+    std::size_t end = grammar.after_word(at.token);
+    for (std::size_t token = grammar.word_start(at.token); token < end; token++) {
+        if (fit_of(grammar.token(token).kind, grammar.form(token), word) == Fit::KeywordPrefix) {
+            meanings.emplace_back(grammar.form(token));
+        }
+    }
+}
+
+void sort_unique(std::vector<std::string>& texts)
+{
+    std::sort(texts.begin(), texts.end());
+    texts.erase(std::unique(texts.begin(), texts.end()), texts.end());
+}
+
+// Lists the meanings of the first word that tells the commands apart; the commands when no word does.
+void list_meanings(const Walk& walk, const std::vector<std::uint32_t>& finals, std::vector<std::string>& meanings)
+{
+    std::vector<std::vector<std::uint32_t>> paths(finals.size());
+    for (std::size_t i = 0; i < finals.size(); i++)
+        path_to(walk, finals[i], paths[i]);
+    for (std::size_t word = 0; word < walk.words.size(); word++) {
+        meanings.clear();
+        for (const auto& path : paths)
+            add_meanings(walk, path[word], walk.words[word], meanings);
+        sort_unique(meanings);
+        if (meanings.size() > 1) return;
+    }
+    meanings.clear();
+    for (std::uint32_t final : finals)
+        meanings.emplace_back(walk.command_at(walk.state(final))->element->string);
+    sort_unique(meanings);
+}
+
+// The words that can stand at a place, each once, by their first token.
+struct Expected {
+    const Grammar* grammar;
+    std::size_t token;
+
+    bool operator==(const Expected& other) const
+    {
+        std::size_t end = grammar->after_word(token);
+        if (end - token != other.grammar->after_word(other.token) - other.token) return false;
+        for (std::size_t i = token; i < end; i++) {
+            if (grammar->form(i) != other.grammar->form(other.token + (i - token))) return false;
+        }
+        return true;
+    }
+};
+
+void add_expected(std::vector<Expected>& expected, const Grammar* grammar, std::size_t token)
+{
+    Expected word{grammar, grammar->word_start(token)};
+    // More than a few are never told apart in a reason.
+    if (expected.size() > 3) return;
+    if (std::find(expected.begin(), expected.end(), word) == expected.end()) expected.push_back(word);
+}
+
+std::vector<Expected> expected_behind(const Walk& walk, const Walk::Set& set)
+{
+    std::vector<Expected> expected;
+    for (std::uint32_t index = set.begin; index < set.end; index++) {
+        const State& at = walk.state(index);
+        if (at.node != LEAF) {
+            for (const Edge& edge : (*walk.nodes)[at.node].edges)
+                add_expected(expected, edge.grammar, edge.token);
+        } else if (std::size_t token = Walk::following_token(at); token < at.grammar->token_count) {
+            add_expected(expected, at.grammar, token);
+        }
+    }
+    return expected;
+}
+
+bool is_single(const Expected& word)
+{
+    return word.grammar->token(word.token).last_of_word;
+}
+
+bool is_range(const Expected& word)
+{
+    WordKind kind = word.grammar->token(word.token).kind;
+    return is_single(word) && (kind == WordKind::Decimal || kind == WordKind::Hexadecimal);
+}
+
+// "<0-255>" as "0-255", "<-5-10>" as "-5 to 10".
+void append_range(std::string& reason, std::string_view form)
+{
+    form = form.substr(1, form.size() - 2);
+    if (form[0] != '-') {
+        reason.append(form);
+        return;
+    }
+    std::size_t dash = form.find('-', 1);
+    reason.append(form.substr(0, dash)).append(" to ").append(form.substr(dash + 1));
+}
+
+void explain_ranges(const std::vector<Expected>& expected, std::string& reason)
+{
+    reason = "not in the range ";
+    for (const Expected& word : expected) {
+        if (&word != expected.data()) reason += " or ";
+        append_range(reason, word.grammar->form(word.token));
+    }
+}
+
+void explain_alternatives(const Grammar& grammar, std::size_t token, std::string& reason)
+{
+    reason = "one of ";
+    std::size_t end = grammar.after_word(token);
+    for (std::size_t i = token; i < end; i++) {
+        if (i > token) reason += ", ";
+        if (reason.size() + grammar.form(i).size() > REASON_WIDTH - 5) {
+            reason += "...";
+            return;
+        }
+        reason.append(grammar.form(i));
+    }
+}
+
+// Why nothing that could follow takes the word, when that can be told in a few words.
+void explain(const Walk& walk, std::string& reason)
+{
+    std::vector<Expected> expected = expected_behind(walk, walk.furthest_set);
+    if (expected.empty() && walk.furthest > 0) {
+        reason = "nothing can follow";
+    } else if (!expected.empty() && expected.size() <= 3 && std::all_of(expected.begin(), expected.end(), is_range)) {
+        explain_ranges(expected, reason);
+    } else if (expected.size() == 1) {
+        const Grammar& grammar = *expected[0].grammar;
+        std::size_t token = expected[0].token;
+        if (!is_single(expected[0])) {
+            explain_alternatives(grammar, token, reason);
+        } else if (grammar.token(token).in_group && grammar.token(token).kind == WordKind::Keyword) {
+            reason.append("must be ").append(grammar.form(token));
+        } else if (grammar.token(token).kind != WordKind::Keyword) {
+            reason.append("not of the form ").append(grammar.form(token));
+        }
+    }
+}
+
+} // namespace
+
+void CommandTree::match(std::span<const std::string_view> words, Match& out) const
+{
+    reset(out);
+    if (words.empty()) return;
+    Walk& walk = impl->walk;
+    walk.start(impl->nodes, words, MATCH_STEPS);
+    for (Walk::Set set; walk.next(&set);) {
+        std::uint32_t final = 0;
+        std::size_t commands = 0;
+        for (std::uint32_t index = set.begin; index < set.end; index++) {
+            if (walk.command_at(walk.state(index)) == nullptr) continue;
+            final = index;
+            commands++;
+        }
+        if (commands == 0) continue;
+        if (commands == 1 && !walk.state(final).ambiguous) {
+            accept(walk, final, impl->path, out);
+            return;
+        }
+        std::vector<std::uint32_t> finals;
+        for (std::uint32_t index = set.begin; index < set.end; index++) {
+            if (walk.command_at(walk.state(index)) != nullptr) finals.push_back(index);
+        }
+        list_meanings(walk, finals, out.candidates);
+        out.status = MatchStatus::Ambiguous;
+        return;
+    }
+    if (walk.furthest == words.size()) {
+        out.status = MatchStatus::Incomplete;
+        return;
+    }
+    out.status = MatchStatus::Unknown;
+    out.error_word = walk.furthest;
+    explain(walk, out.reason);
+}
+
+} // namespace engine

@@ -1,0 +1,137 @@
+// SPDX-License-Identifier: Apache-2.0
+// How the commands of one node are kept and walked.
+//
+// A tree node stands for the words before it and has one edge for each word that can follow; a group has one edge for
+// each of its alternatives, all to the same tree node. Below the last word that a command shares with another there
+// are no tree nodes: the edge is a leaf, and the rest of the command is read from its grammar.
+//
+// A walk takes the typed words and yields sets of places where they can lead, best first. All places of a set are
+// reached with the same fits (exact keyword, keyword prefix, value, variable) word by word. A place that has been
+// entered once is not entered again with a worse fit, so a walk costs no more than one visit to each place.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string_view>
+#include <vector>
+
+#include "host/engine/command_tree.h"
+#include "host/engine/grammar.h"
+
+namespace engine {
+
+constexpr std::uint32_t LEAF = 0xffffffff;
+
+struct Edge {
+    const Grammar* grammar; // the command that brought the word
+    std::uint32_t node;     // where it leads; LEAF: only that command goes on here
+    std::uint16_t token;
+};
+
+struct TreeNode {
+    std::vector<Edge> edges; // keywords sorted by text, behind them values and variables as installed
+    std::uint32_t keyword_count = 0;
+    const Grammar* command = nullptr; // the command that ends here
+
+    std::span<const Edge> keywords() const
+    {
+        return {edges.data(), keyword_count};
+    }
+    std::span<const Edge> values() const
+    {
+        return {edges.data() + keyword_count, edges.size() - keyword_count};
+    }
+    // The keywords from the first that is not less than `word`.
+    std::span<const Edge> keywords_from(std::string_view word) const;
+};
+
+inline std::string_view form_of(const Edge& edge)
+{
+    return edge.grammar->form(edge.token);
+}
+
+// A place that the words typed so far lead to.
+struct State {
+    const Grammar* grammar = nullptr; // token of the word that was taken last
+    std::uint32_t node = 0;           // LEAF: behind that word of that grammar
+    std::uint32_t parent = 0;         // the state before that word
+    std::uint16_t token = 0;
+    std::uint16_t next_token = 0;   // of a leaf: what the next word fits best,
+    Fit next_fit = Fit::None;       // how,
+    bool next_is_ambiguous = false; // and whether it fits another alternative as well
+    bool ambiguous = false;         // two alternatives of a group fit equally, here or at an earlier word
+};
+
+// Fits that a walk treats as equally good.
+struct FitStep {
+    Fit closest;
+    Fit farthest;
+};
+
+// A line means what fits it most closely, word by word.
+constexpr FitStep MATCH_STEPS[] = {{Fit::ExactKeyword, Fit::ExactKeyword},
+                                   {Fit::KeywordPrefix, Fit::KeywordPrefix},
+                                   {Fit::Value, Fit::Value},
+                                   {Fit::Variable, Fit::Variable}};
+// Help lists what can follow a value and what can follow a variable together.
+constexpr FitStep HELP_STEPS[] = {
+    {Fit::ExactKeyword, Fit::ExactKeyword}, {Fit::KeywordPrefix, Fit::KeywordPrefix}, {Fit::Value, Fit::Variable}};
+
+struct Walk {
+    // Indices of states.
+    struct Set {
+        std::uint32_t begin;
+        std::uint32_t end;
+        std::uint32_t next_step;
+    };
+    struct Entered {
+        const Grammar* grammar;
+        std::uint32_t node;
+    };
+
+    const std::vector<TreeNode>* nodes = nullptr;
+    std::span<const std::string_view> words;
+    std::span<const FitStep> steps;
+    std::vector<State> states;
+    std::vector<Set> sets;        // one for each word of the line that is being tried
+    std::vector<Entered> entered; // places behind groups
+    std::size_t furthest = 0;     // most words that any command takes
+    Set furthest_set{};           // the best set behind them
+
+    void start(const std::vector<TreeNode>& tree, std::span<const std::string_view> typed,
+               std::span<const FitStep> fit_steps);
+    // The next best set that all words lead to; false when there is none.
+    bool next(Set* found);
+
+    const State& state(std::uint32_t index) const
+    {
+        return states[index];
+    }
+    // The command that ends at the state, or null.
+    const Grammar* command_at(const State& at) const;
+    // First token of the word that follows a leaf's; token_count when its command ends there.
+    static std::size_t following_token(const State& at)
+    {
+        return at.grammar->after_word(at.token);
+    }
+
+  private:
+    void expand(const Set& set, std::string_view word, FitStep step);
+    void expand_leaf(std::uint32_t index, std::string_view word, FitStep step);
+    void expand_keywords(std::uint32_t index, std::string_view word, FitStep step);
+    void expand_values(std::uint32_t index, std::string_view word, FitStep step);
+    void enter(std::uint32_t parent, const Edge& edge, Fit fit);
+};
+
+struct CommandTree::Impl {
+    std::vector<TreeNode> nodes{1};
+    std::vector<const Grammar*> installed;
+    // Kept for their buffers.
+    mutable Walk walk;
+    mutable std::vector<std::uint32_t> path;
+
+    bool insert(const Grammar* grammar);
+};
+
+} // namespace engine

@@ -1,0 +1,341 @@
+// SPDX-License-Identifier: Apache-2.0
+// Parsing of grammar strings and help texts into tokens.
+#include "host/engine/grammar.h"
+
+#include <cstring>
+#include <limits>
+#include <memory>
+#include <new>
+#include <type_traits>
+#include <vector>
+
+#include "host/engine/grammar_words.h"
+
+namespace engine {
+
+namespace {
+
+constexpr std::size_t MAX_TEXT = std::numeric_limits<std::uint16_t>::max();
+constexpr std::size_t MAX_FORM = std::numeric_limits<std::uint8_t>::max();
+constexpr std::int64_t MAX_HEXADECIMAL = 0xffffffff;
+
+struct Address {
+    std::string_view form;
+    WordKind kind;
+};
+constexpr Address ADDRESSES[] = {
+    {"A.B.C.D", WordKind::Ipv4},
+    {"A:B:C:D", WordKind::HexGroups4},
+    {"A:B:C:D:E:F:G:H", WordKind::HexGroups8},
+    {"XXXX:XXXX:XXXX:XXXX:XXXX:XXXX:XXXX:XXXX", WordKind::HexGroups8},
+    {"AA-BB-CC-DD-EE-FF", WordKind::Mac},
+};
+
+static_assert(sizeof(Token) == 8 && alignof(Token) <= alignof(Grammar));
+static_assert(std::is_trivially_destructible_v<Grammar> && std::is_trivially_destructible_v<Token>);
+
+// Memory of the parsed forms: handed out in order, never given back.
+struct Storage {
+    std::vector<std::unique_ptr<std::byte[]>> chunks;
+    std::size_t chunk_left = 0;
+    std::byte* next = nullptr;
+
+    std::byte* take(std::size_t size)
+    {
+        constexpr std::size_t CHUNK = 16 * 1024;
+        size = (size + alignof(Grammar) - 1) / alignof(Grammar) * alignof(Grammar);
+        if (size > chunk_left) {
+            std::size_t chunk = size > CHUNK / 4 ? size : CHUNK;
+            chunks.push_back(std::make_unique<std::byte[]>(chunk));
+            if (chunk == size) return chunks.back().get();
+            next = chunks.back().get();
+            chunk_left = chunk;
+        }
+        std::byte* taken = next;
+        next += size;
+        chunk_left -= size;
+        return taken;
+    }
+};
+
+bool is_separator(char c)
+{
+    return c == ' ' || c == '\t';
+}
+
+bool is_lower(char c)
+{
+    return c >= 'a' && c <= 'z';
+}
+
+bool is_digit(char c)
+{
+    return c >= '0' && c <= '9';
+}
+
+bool is_upper(char c)
+{
+    return c >= 'A' && c <= 'Z';
+}
+
+// Null, or what is wrong with the form.
+const char* classify(std::string_view form, WordKind* kind)
+{
+    if (form.front() == '<') {
+        Bounds bounds;
+        if (!read_bounds(form, &bounds)) return "is not a range";
+        if (bounds.hexadecimal && (bounds.min < 0 || bounds.max > MAX_HEXADECIMAL)) return "exceeds 32 bits";
+        *kind = bounds.hexadecimal ? WordKind::Hexadecimal : WordKind::Decimal;
+        return nullptr;
+    }
+    for (const Address& address : ADDRESSES) {
+        if (address.form == form) {
+            *kind = address.kind;
+            return nullptr;
+        }
+    }
+    char first = form.front();
+    if (!is_lower(first) && !is_upper(first) && !is_digit(first)) return "begins with neither a letter nor a digit";
+    bool keyword = is_digit(first);
+    bool dotted = false;
+    for (char c : form) {
+        if (is_lower(c))
+            keyword = true;
+        else if (c == '.')
+            dotted = true;
+        else if (!is_upper(c) && !is_digit(c) && c != '-' && c != '_')
+            return "holds a character that no word may have";
+    }
+    if (!keyword && dotted) return "is neither a variable nor a known form of address";
+    *kind = keyword ? WordKind::Keyword : WordKind::Variable;
+    return nullptr;
+}
+
+// Reads the grammar string into tokens; help is filled in afterwards.
+struct Parser {
+    std::string_view text;
+    std::vector<Token>& tokens;
+    std::size_t at = 0;
+    std::size_t words = 0;
+    std::string problem;
+
+    bool done() const
+    {
+        return at == text.size();
+    }
+
+    void skip_separators()
+    {
+        while (!done() && is_separator(text[at]))
+            at++;
+    }
+
+    bool refuse(std::string_view what, std::string_view quoted = {})
+    {
+        if (!quoted.empty()) problem.append(1, '"').append(quoted).append("\" ");
+        problem.append(what);
+        return false;
+    }
+
+    std::string_view read_form()
+    {
+        std::size_t begin = at;
+        bool range = !done() && text[at] == '<';
+        while (!done() && !is_separator(text[at]) && std::strchr("()|", text[at]) == nullptr) {
+            if (range && text[at] == '>') {
+                at++;
+                break;
+            }
+            at++;
+        }
+        return text.substr(begin, at - begin);
+    }
+
+    bool add_form(bool in_group)
+    {
+        std::size_t begin = at;
+        std::string_view form = read_form();
+        if (form.empty()) return refuse(in_group ? "an alternative is empty" : "a word is missing");
+        if (form.size() > MAX_FORM) return refuse("a word is too long");
+        WordKind kind;
+        if (const char* wrong = classify(form, &kind)) return refuse(wrong, form);
+        Token token{};
+        token.offset = static_cast<std::uint16_t>(begin);
+        token.length = static_cast<std::uint8_t>(form.size());
+        token.kind = kind;
+        token.in_group = in_group;
+        token.last_of_word = !in_group;
+        tokens.push_back(token);
+        return true;
+    }
+
+    bool is_repeated(std::size_t first) const
+    {
+        const Token& last = tokens.back();
+        for (std::size_t i = first; i + 1 < tokens.size(); i++) {
+            if (text.substr(tokens[i].offset, tokens[i].length) == text.substr(last.offset, last.length)) return true;
+        }
+        return false;
+    }
+
+    bool add_group()
+    {
+        std::size_t first = tokens.size();
+        do {
+            at++; // '(' or '|'
+            skip_separators();
+            if (!add_form(true)) return false;
+            if (is_repeated(first)) tokens.pop_back();
+            skip_separators();
+        } while (!done() && text[at] == '|');
+        if (done()) return refuse("a group is not closed");
+        if (text[at] == '(') return refuse("a group stands inside another");
+        if (text[at] != ')') return refuse("a blank or tab parts an alternative");
+        at++;
+        tokens.back().last_of_word = true;
+        return true;
+    }
+
+    bool parse()
+    {
+        for (;; words++) {
+            skip_separators();
+            if (done()) break;
+            if (text[at] == '(') {
+                if (!add_group()) return false;
+            } else {
+                if (text[at] == ')' || text[at] == '|') return refuse("')' or '|' stands outside a group");
+                if (!add_form(false)) return false;
+                if (!done() && !is_separator(text[at])) return refuse("a word is glued to what follows it");
+            }
+        }
+        return words > 0 || refuse("there is no word");
+    }
+};
+
+struct HelpPart {
+    std::size_t token; // NONE: the text does not begin with "<alternative>:"
+    std::size_t text;  // where its help begins
+};
+constexpr std::size_t NONE = std::numeric_limits<std::size_t>::max();
+
+// Help of the form "enable: it is on; disable: it is off" names its alternatives.
+HelpPart named_alternative(std::string_view grammar, std::string_view doc, std::size_t at,
+                           const std::vector<Token>& tokens, std::size_t first, std::size_t last)
+{
+    for (std::size_t i = first; i <= last; i++) {
+        std::string_view form = grammar.substr(tokens[i].offset, tokens[i].length);
+        if (doc.substr(at).starts_with(form) && doc.substr(at + form.size()).starts_with(':')) {
+            std::size_t text = at + form.size() + 1;
+            while (text < doc.size() && doc[text] == ' ')
+                text++;
+            return {i, text};
+        }
+    }
+    return {NONE, at};
+}
+
+void set_help(Token* token, std::size_t begin, std::size_t end)
+{
+    token->help = static_cast<std::uint16_t>(begin);
+    token->help_length = static_cast<std::uint16_t>(end - begin);
+}
+
+// Gives the tokens of one word their help: the whole line, or each alternative its own part of it.
+void assign_help(std::string_view grammar, std::string_view doc, std::size_t begin, std::size_t end,
+                 std::vector<Token>& tokens, std::size_t first, std::size_t last)
+{
+    for (std::size_t i = first; i <= last; i++)
+        set_help(&tokens[i], begin, end);
+    if (!tokens[first].in_group) return;
+    doc = doc.substr(0, end);
+    HelpPart part = named_alternative(grammar, doc, begin, tokens, first, last);
+    while (part.token != NONE) {
+        std::size_t part_end = end;
+        HelpPart next{NONE, end};
+        for (std::size_t semicolon = doc.find(';', part.text); semicolon != std::string_view::npos;
+             semicolon = doc.find(';', semicolon + 1)) {
+            std::size_t after = semicolon + 1;
+            while (after < end && doc[after] == ' ')
+                after++;
+            next = named_alternative(grammar, doc, after, tokens, first, last);
+            if (next.token == NONE) continue;
+            part_end = semicolon;
+            break;
+        }
+        set_help(&tokens[part.token], part.text, part_end);
+        part = next;
+    }
+}
+
+// Hands out the help lines, one per word.
+bool read_help(std::string_view grammar, std::string_view doc, std::size_t words, std::vector<Token>& tokens)
+{
+    std::size_t begin = 0;
+    std::size_t first = 0;
+    for (; words > 0; words--) {
+        std::size_t end = doc.find('\n', begin);
+        if (end == std::string_view::npos) return false;
+        std::size_t last = first;
+        while (!tokens[last].last_of_word)
+            last++;
+        assign_help(grammar, doc, begin, end, tokens, first, last);
+        begin = end + 1;
+        first = last + 1;
+    }
+    return begin == doc.size();
+}
+
+bool parse_element(const cmd_element& element, std::vector<Token>& tokens, std::size_t* words, std::string* problem)
+{
+    if (element.string == nullptr || element.doc == nullptr) {
+        *problem = "the grammar or its help is missing";
+        return false;
+    }
+    std::string_view text = element.string;
+    std::string_view doc = element.doc;
+    if (text.size() > MAX_TEXT || doc.size() > MAX_TEXT) {
+        *problem = "the grammar or its help is too long";
+        return false;
+    }
+    tokens.clear();
+    Parser parser{text, tokens, 0, 0, {}};
+    if (!parser.parse()) {
+        *problem = parser.problem;
+        return false;
+    }
+    *words = parser.words;
+    if (!read_help(text, doc, parser.words, tokens)) {
+        *problem = "the help does not have one line for each of the " + std::to_string(parser.words) + " words";
+        return false;
+    }
+    return true;
+}
+
+} // namespace
+
+const Grammar* grammar_of(cmd_element* element, Origin origin, std::string* error)
+{
+    if (element->strvec != nullptr) return static_cast<const Grammar*>(element->strvec);
+
+    // Never destroyed: elements and a parked console thread may outlive the end of main.
+    static Storage& storage = *new Storage;
+    static std::vector<Token>& tokens = *new std::vector<Token>;
+    std::size_t words = 0;
+    std::string problem;
+    if (!parse_element(*element, tokens, &words, &problem)) {
+        if (error != nullptr) {
+            *error = "command \"" + std::string(element->string ? element->string : "") + "\": " + problem;
+        }
+        return nullptr;
+    }
+    std::byte* memory = storage.take(sizeof(Grammar) + tokens.size() * sizeof(Token));
+    auto* grammar = new (memory) Grammar{element, element->string, static_cast<std::uint16_t>(tokens.size()),
+                                         static_cast<std::uint16_t>(words), origin};
+    std::memcpy(memory + sizeof(Grammar), tokens.data(), tokens.size() * sizeof(Token));
+    element->strvec = grammar;
+    element->cmdsize = static_cast<std::int32_t>(words);
+    return grammar;
+}
+
+} // namespace engine
