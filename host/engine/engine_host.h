@@ -21,11 +21,16 @@ struct Options {
     std::uint16_t port = 2600;                // bound by prepare; adopted by RBX_vty_serv_sock with the same port
     std::string socket_path;                  // local socket; empty: the path that the library asks for
     std::string password_file;                // one crypt(3) hash on its first line; empty: no login
+    // false: prepare binds nothing, RBX_vty_serv_sock opens nothing and RBX_thread_fetch parks; for listing the
+    // commands and for tests with memory sessions only.
+    bool serve = true;
 };
 
 // Checks the options, loads the password and binds the TCP port, so that nothing is half-started when one of them is
 // wrong. False with one clear line in *error.
 bool prepare(const Options& options, std::string* error);
+// The TCP port that is bound: the one that was asked for, or the free one that was found for port 0. 0 when none is.
+std::uint16_t bound_port();
 
 // What the engine must know of a node and the node record does not say.
 struct NodeRules {
@@ -53,7 +58,12 @@ void for_each_element(Origin origin, const std::function<void(int node, const cm
 // "127.0.0.1 port 2600 and /var/run/epon.sock", once served; empty before.
 std::string served_at();
 
-// Closes every session and parks the console thread for good. Returns when it is parked (at once when none runs).
+// Asks the console thread to close every session; the console is then served anew. Any thread. Sessions without a
+// connection stay.
+void kill_all();
+
+// Closes every session and parks the console thread for good. Returns when it is parked; at
+// once when none runs or the console thread itself calls, which is then parked after the work at hand.
 void stop();
 
 // --- Sessions without a connection, for tests and scripts ---------------------------------------------------------

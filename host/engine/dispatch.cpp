@@ -1,0 +1,178 @@
+// SPDX-License-Identifier: Apache-2.0
+// Executing a line. What an operator reads when a line is not executed is one line that begins with "% ", below a caret
+// under the word that did not match.
+#include "host/engine/dispatch.h"
+
+#include <algorithm>
+
+#include "host/engine/nodes.h"
+
+namespace engine {
+namespace {
+
+constexpr std::size_t PLAIN_WIDTH = 80;
+constexpr std::size_t CANDIDATES_SHOWN = 20;
+
+constexpr const char* UNKNOWN_COMMAND = "%% Unknown command.%s";
+constexpr const char* UNKNOWN_WORD = "%% Unknown word here: %s.%s";
+constexpr const char* INCOMPLETE_COMMAND = "%% Incomplete command.%s";
+constexpr const char* AMBIGUOUS_COMMAND = "%% Ambiguous command: %s.%s";
+constexpr const char* LINE_TOO_LONG = "%% Line too long (more than %zu characters).%s";
+
+// The words that leave a node whose lines go to the host, spelt in full.
+struct LeaveWord {
+    std::string_view word;
+    void (*leave)(Session& session);
+};
+constexpr LeaveWord leave_words[] = {
+    {"exit", leave_node},
+    {"end", leave_to_top},
+    {"quit", [](Session& session) { session.closing = true; }},
+    {"logout", [](Session& session) { session.closing = true; }},
+};
+
+std::string_view trimmed(std::string_view line)
+{
+    std::size_t from = line.find_first_not_of(" \t");
+    if (from == std::string_view::npos) return {};
+    return line.substr(from, line.find_last_not_of(" \t") + 1 - from);
+}
+
+// Points at the word where it stands on the screen, if the line did not wrap.
+void print_caret(Session& session, std::string_view line, std::string_view word)
+{
+    auto offset = static_cast<std::size_t>(word.data() - line.data());
+    std::size_t column = session.editor.prompt_columns() + columns_of(line.substr(0, offset));
+    std::size_t width = session.editor.width() > 0 ? session.editor.width() : PLAIN_WIDTH;
+    if (column < width) print(session, "%*s^%s", static_cast<int>(column), "", newline(session));
+}
+
+void print_unknown(Session& session, std::string_view line, const std::vector<std::string_view>& words)
+{
+    const Match& match = session.match;
+    if (match.error_word < words.size()) print_caret(session, line, words[match.error_word]);
+    if (match.reason.empty())
+        print(session, UNKNOWN_COMMAND, newline(session));
+    else
+        print(session, UNKNOWN_WORD, match.reason.c_str(), newline(session));
+}
+
+void print_ambiguous(Session& session)
+{
+    std::string names;
+    const auto& candidates = session.match.candidates;
+    for (std::size_t i = 0; i < candidates.size() && i < CANDIDATES_SHOWN; ++i)
+        names += (i > 0 ? ", " : "") + candidates[i];
+    if (candidates.size() > CANDIDATES_SHOWN) names += ", ...";
+    print(session, AMBIGUOUS_COMMAND, names.c_str(), newline(session));
+}
+
+Outcome run_raw(Session& session, const NodeRules& rules, std::string_view line)
+{
+    for (const LeaveWord& row : leave_words)
+        if (row.word == trimmed(line)) {
+            row.leave(session);
+            return {MatchStatus::Matched};
+        }
+    std::string text(line);
+    session.buf = text.c_str();
+    Executing scope(session);
+    int result = rules.raw_line(&session, text.c_str());
+    session.buf = "";
+    return {MatchStatus::Matched, result};
+}
+
+} // namespace
+
+std::vector<std::string_view> split_words(std::string_view line)
+{
+    std::vector<std::string_view> words;
+    for (std::size_t at = 0; (at = line.find_first_not_of(" \t", at)) != std::string_view::npos;) {
+        std::size_t end = std::min(line.find_first_of(" \t", at), line.size());
+        words.push_back(line.substr(at, end - at));
+        at = end;
+    }
+    return words;
+}
+
+Outcome run_line(Session& session, std::string_view line)
+{
+    if (line.size() > LINE_LIMIT) {
+        print(session, LINE_TOO_LONG, LINE_LIMIT, newline(session));
+        return {MatchStatus::Unknown};
+    }
+    session.editor.remember(trimmed(line));
+    const NodeRules& rules = rules_of(session.node);
+    if (rules.raw_line != nullptr) return run_raw(session, rules, line);
+
+    const Node* node = find_node(session.node);
+    std::vector<std::string_view> words = split_words(line);
+    if (words.empty()) return {MatchStatus::Empty};
+    Match& match = session.match;
+    if (node != nullptr) {
+        node->commands.match(words, match);
+    } else {
+        match.status = MatchStatus::Unknown;
+        match.error_word = 0;
+        match.reason.clear();
+    }
+    Outcome outcome{match.status};
+    switch (match.status) {
+    case MatchStatus::Matched: {
+        session.buf = match.line.c_str();
+        Executing scope(session);
+        outcome.result =
+            match.element->func(match.element, &session, static_cast<int>(match.argv.size()), match.argv.data());
+        session.buf = "";
+        break;
+    }
+    case MatchStatus::Empty:
+        break;
+    case MatchStatus::Unknown:
+        print_unknown(session, line, words);
+        break;
+    case MatchStatus::Incomplete:
+        print(session, INCOMPLETE_COMMAND, newline(session));
+        break;
+    case MatchStatus::Ambiguous:
+        print_ambiguous(session);
+        break;
+    }
+    return outcome;
+}
+
+namespace {
+
+// Leaves the current node for good: its hook sees the session still in it.
+void move_up(Session& session, int target)
+{
+    if (auto* leave = rules_of(session.node).leave) {
+        Executing scope(session);
+        leave(&session);
+    }
+    session.node = target;
+}
+
+} // namespace
+
+void leave_node(Session& session)
+{
+    int parent = rules_of(session.node).parent;
+    if (parent < 0)
+        session.closing = true; // the hook runs when the session closes
+    else
+        move_up(session, parent);
+}
+
+void leave_to_top(Session& session)
+{
+    int target = session.node;
+    for (int steps = 0; target != ENABLE_NODE && target != VIEW_NODE && steps < NODE_ID_LIMIT; ++steps) {
+        int parent = rules_of(target).parent;
+        if (parent < 0) return;
+        target = parent;
+    }
+    if (target != session.node) move_up(session, target);
+}
+
+} // namespace engine

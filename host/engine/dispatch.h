@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: Apache-2.0
+// From a typed line to a command, and what the operator is told when there is none.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/engine/session.h"
+
+namespace engine {
+
+// Executes one line in the session's node, or prints why not.
+Outcome run_line(Session& session, std::string_view line);
+
+// "exit" and "end" as commands: where they lead, with the node's leave hook.
+void leave_node(Session& session);
+void leave_to_top(Session& session);
+
+// Words of a line, split at blanks and tabs.
+std::vector<std::string_view> split_words(std::string_view line);
+
+// What "?" shows behind the given text: complete lines.
+std::string help_text(const Session& session, std::string_view before_cursor);
+
+struct Completion {
+    std::string insert;  // what to add at the cursor
+    std::string listing; // complete lines to show instead
+};
+Completion complete(const Session& session, std::string_view before_cursor);
+
+} // namespace engine

@@ -1,0 +1,154 @@
+// SPDX-License-Identifier: Apache-2.0
+// What "?" and TAB show at a position of the line.
+#include <algorithm>
+
+#include "host/engine/dispatch.h"
+#include "host/engine/nodes.h"
+
+namespace engine {
+namespace {
+
+constexpr std::size_t PLAIN_WIDTH = 80;
+constexpr std::size_t WIDEST_WORD = 28; // longer words have their help on a line of its own
+constexpr std::size_t INDENT = 2, GAP = 2;
+constexpr std::size_t NARROWEST_HELP = 20;
+
+std::size_t screen_width(const Session& session)
+{
+    return session.editor.width() > 0 ? session.editor.width() : PLAIN_WIDTH;
+}
+
+// The complete words before the one being typed, and that one.
+struct Position {
+    std::vector<std::string_view> words;
+    std::string_view partial;
+};
+
+Position position_in(std::string_view text)
+{
+    Position position{split_words(text), {}};
+    if (!text.empty() && text.back() != ' ' && text.back() != '\t' && !position.words.empty()) {
+        position.partial = position.words.back();
+        position.words.pop_back();
+    }
+    return position;
+}
+
+std::vector<Candidate> candidates_at(const Session& session, const Position& position)
+{
+    const Node* node = find_node(session.node);
+    if (node == nullptr) return {};
+    return node->commands.candidates(position.words, position.partial);
+}
+
+// One entry: the word, and its help in the rest of the line and as many more as it takes.
+void append_entry(std::string_view word, std::string_view help, std::size_t word_width, std::size_t width,
+                  const char* end, std::string* text)
+{
+    std::size_t indent = INDENT + word_width + GAP;
+    std::size_t room = width > indent + NARROWEST_HELP ? width - indent - 1 : NARROWEST_HELP;
+    text->append(INDENT, ' ').append(word);
+    std::size_t column = INDENT + columns_of(word);
+    if (help.empty()) {
+        *text += end;
+        return;
+    }
+    if (columns_of(word) > word_width) {
+        *text += end;
+        column = 0;
+    }
+    while (!help.empty()) {
+        std::size_t length = help.size();
+        if (columns_of(help) > room) {
+            length = help.rfind(' ', room);
+            if (length == std::string_view::npos || length == 0) length = std::min(help.find(' '), help.size());
+        }
+        text->append(indent - column, ' ').append(help.substr(0, length)).append(end);
+        column = 0;
+        help.remove_prefix(std::min(help.find_first_not_of(' ', length), help.size()));
+    }
+}
+
+std::string table(const std::vector<Candidate>& entries, std::size_t width, const char* end)
+{
+    std::size_t word_width = 0;
+    for (const Candidate& entry : entries) {
+        std::size_t columns = columns_of(entry.word);
+        if (columns <= WIDEST_WORD) word_width = std::max(word_width, columns);
+    }
+    std::string text;
+    for (const Candidate& entry : entries)
+        append_entry(entry.word, entry.help, word_width, width, end, &text);
+    return text;
+}
+
+// Words side by side.
+std::string columns(const std::vector<Candidate>& entries, std::size_t width, const char* end)
+{
+    std::size_t cell = 0;
+    for (const Candidate& entry : entries)
+        cell = std::max(cell, columns_of(entry.word) + GAP);
+    std::size_t per_line = std::max<std::size_t>(1, (width - 1) / cell);
+    std::string text;
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+        text += entries[i].word;
+        if ((i + 1) % per_line == 0 || i + 1 == entries.size())
+            text += end;
+        else
+            text.append(cell - columns_of(entries[i].word), ' ');
+    }
+    return text;
+}
+
+std::size_t common_length(std::string_view a, std::string_view b)
+{
+    return static_cast<std::size_t>(std::mismatch(a.begin(), a.end(), b.begin(), b.end()).first - a.begin());
+}
+
+} // namespace
+
+std::string help_text(const Session& session, std::string_view before_cursor)
+{
+    const char* end = newline(session);
+    const NodeRules& rules = rules_of(session.node);
+    if (rules.raw_line != nullptr) {
+        std::string text = rules.raw_help == nullptr ? "" : rules.raw_help;
+        while (!text.empty() && text.back() == '\n')
+            text.pop_back();
+        std::string lines;
+        for (char c : text)
+            c == '\n' ? lines += end : lines += c;
+        return lines + end;
+    }
+    std::vector<Candidate> entries = candidates_at(session, position_in(before_cursor));
+    if (entries.empty()) return std::string("% No command continues like this.") + end;
+    return table(entries, screen_width(session), end);
+}
+
+Completion complete(const Session& session, std::string_view before_cursor)
+{
+    if (rules_of(session.node).raw_line != nullptr) return {};
+    Position position = position_in(before_cursor);
+    std::vector<Candidate> entries = candidates_at(session, position);
+    std::vector<std::string_view> literals;
+    for (const Candidate& entry : entries)
+        if (entry.literal && std::string_view(entry.word).starts_with(position.partial)) literals.push_back(entry.word);
+
+    bool only_literal = literals.size() == 1 && (entries.size() == 1 || !position.partial.empty());
+    if (only_literal) return {std::string(literals[0].substr(position.partial.size())) + ' ', {}};
+    if (!literals.empty() && !position.partial.empty()) {
+        std::size_t length = literals[0].size();
+        for (std::string_view literal : literals)
+            length = std::min(length, common_length(literals[0], literal));
+        if (length > position.partial.size())
+            return {std::string(literals[0].substr(position.partial.size(), length - position.partial.size())), {}};
+    }
+    if (entries.empty()) return {};
+    // Values have no spelling to complete; their help says what they are.
+    bool values = literals.size() < entries.size();
+    return {{},
+            values ? table(entries, screen_width(session), newline(session))
+                   : columns(entries, screen_width(session), newline(session))};
+}
+
+} // namespace engine

@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: Apache-2.0
+// The line that an operator types: bytes in, actions and screen text out. It reads and writes nothing itself.
+#pragma once
+
+#include <cstddef>
+#include <deque>
+#include <string>
+#include <string_view>
+
+namespace engine {
+
+// Longest line, in bytes. A longer one is taken to its end and refused as a whole.
+constexpr std::size_t LINE_LIMIT = 16384;
+constexpr std::size_t HISTORY_LINES = 200;
+constexpr std::size_t HISTORY_BYTES = 64 * 1024;
+
+// Columns that a text takes on the screen: one for each character of its UTF-8.
+std::size_t columns_of(std::string_view text);
+
+// Bytes that mean something: printable ASCII and printable UTF-8 are inserted; CR, LF, CR LF and CR NUL end the line;
+// BS and DEL erase; ^A ^E ^B ^F, arrows, home and end move; ^P ^N and the vertical arrows walk the history; ^U, ^K and
+// ^W erase to the start, to the end and one word; delete and ^D erase under the cursor; ^C, ^L and TAB are actions, and
+// so is ^D in an empty line. Every other control byte and escape sequence, and NUL, is ignored. A line with bytes that
+// are no printable UTF-8 is marked as refused, so that nothing runs that differs from what was sent.
+class LineEditor {
+  public:
+    enum class Action { None, Line, Help, Complete, Interrupt, Leave, Redraw };
+
+    struct Mode {
+        bool echo = true;    // the client shows nothing by itself
+        bool secret = false; // a password: no echo, history, help or completion
+        bool help = true;    // "?" asks for help
+    };
+
+    struct Fed {
+        std::size_t taken;
+        Action action;
+    };
+
+    // Starts an empty line behind a prompt of that many columns.
+    void begin(std::size_t prompt_columns, const Mode& mode);
+    void set_echo(bool echo);
+    // Width of the client's terminal; 0 when it did not say, and then nothing but backspaces and blanks moves the
+    // cursor.
+    void set_width(std::size_t columns);
+
+    // Takes bytes up to the first one that asks for an action, or until a stretch of echo is full.
+    Fed feed(std::string_view bytes, std::string* echo);
+
+    const std::string& line() const
+    {
+        return text;
+    }
+    std::size_t cursor() const
+    {
+        return at;
+    }
+    std::size_t prompt_columns() const
+    {
+        return prompt_width;
+    }
+    bool echoes() const
+    {
+        return mode.echo;
+    }
+    bool too_long() const
+    {
+        return overflow;
+    }
+    bool refused() const
+    {
+        return foreign;
+    }
+    std::size_t width() const
+    {
+        return screen_width;
+    }
+
+    // Inserts at the cursor, as if typed.
+    void insert(std::string_view piece, std::string* echo);
+    // Takes prompt and line off the screen, to print something in their place.
+    void erase(std::string* echo);
+    // Puts the line back on the screen, behind a fresh prompt.
+    void redraw(std::string_view prompt, std::string* echo);
+
+    void remember(std::string_view line);
+    const std::deque<std::string>& history() const
+    {
+        return past;
+    }
+    // Forgets line, history, screen and half-received sequences: a new operator.
+    void reset();
+
+  private:
+    enum class Escape { None, Start, Csi, Ss3 };
+
+    Action control(unsigned char byte, std::string* echo);
+    void escape(unsigned char byte, std::string* echo);
+    void cursor_key(unsigned char final_byte, std::string* echo);
+    void non_ascii(unsigned char byte, std::string* echo);
+    Action end_line(std::string* echo);
+    bool shown() const
+    {
+        return mode.echo && !mode.secret;
+    }
+    std::size_t column(std::size_t offset) const;
+    std::size_t previous(std::size_t offset) const;
+    std::size_t next(std::size_t offset) const;
+    void put(std::string_view piece, std::size_t end_column, std::string* echo);
+    void move_back(std::size_t from, std::size_t to, std::string* echo);
+    void move_to(std::size_t offset, std::string* echo);
+    void remove(std::size_t from, std::size_t to, std::string* echo);
+    void replace(std::string line, std::string* echo);
+    void walk_history(int step, std::string* echo);
+
+    Mode mode;
+    std::size_t prompt_width = 0;
+    std::size_t screen_width = 0;
+    std::string text;
+    std::size_t at = 0;
+    bool wrap_pending = false; // the cursor hangs behind the last column of a row
+    bool overflow = false;
+    bool foreign = false;
+    bool discarding = false; // line mode: the rest of a line that asked for help
+    bool after_cr = false;
+    Escape escape_state = Escape::None;
+    unsigned escape_number = 0;
+    std::string sequence; // bytes of an unfinished UTF-8 character
+    std::deque<std::string> past;
+    std::size_t past_bytes = 0;
+    std::size_t past_at = 0; // past.size(): the line being typed
+    std::string draft;       // that line, while the operator looks at older ones
+};
+
+} // namespace engine

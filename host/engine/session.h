@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: Apache-2.0
+// Sessions: a fixed pool of records that are never freed, so that an SDK thread may print to one at any time.
+//
+// Everything belongs to the console thread, except what stands under "Shared": that is for any thread. A session
+// without a connection belongs to the thread that opened it, which acts as its console thread.
+#pragma once
+
+#include <atomic>
+#include <chrono>
+#include <cstddef>
+#include <deque>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <string_view>
+#include <thread>
+
+#include "host/engine/engine_host.h"
+#include "host/engine/event_buffer.h"
+#include "host/engine/line_editor.h"
+#include "host/engine/telnet.h"
+
+namespace engine {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr unsigned SESSION_LIMIT = 64;
+// A client that leaves that many bytes of output unread is cut off.
+constexpr std::size_t OUTPUT_LIMIT = 4 * 1024 * 1024;
+// Event lines wait in their own buffer while that much other output is unread.
+constexpr std::size_t EVENT_HOLD = 64 * 1024;
+// How long a closed session waits for its client to take the rest of the output.
+constexpr std::chrono::seconds DRAIN_TIME{10};
+
+enum class Phase {
+    Free,     // not in use
+    Open,     // an operator works with it
+    Draining, // closed, the last output is on its way
+    Closed,   // closed, and kept for whoever opened it (sessions without a connection)
+};
+
+struct Session : vty {
+    // Shared.
+    std::mutex lock;
+    bool takes_output = false; // under lock
+    std::thread::id owner;     // under lock: the thread of a session without a connection
+    EventBuffer events;        // under lock
+    std::atomic<bool> has_events{false};
+    std::atomic<bool> flush_wanted{false};
+    std::atomic<Phase> phase{Phase::Free};
+    std::atomic<bool> connected{false}; // has a client; false for sessions without a connection
+
+    // Console thread.
+    unsigned index = 0;
+    std::string from; // the client, as "who" shows it
+    Clock::time_point opened, last_input, drain_end;
+
+    std::unique_ptr<Telnet> telnet;
+    std::string in; // typed, not yet looked at
+    std::size_t in_at = 0;
+    bool in_ended = false; // the client sends nothing more
+    std::string out;       // telnet bytes to be sent; for memory sessions the text itself
+    std::size_t out_sent = 0;
+    bool waits_to_send = false; // the event loop watches for room
+    bool queued = false;        // work for this session is queued in the event loop
+
+    LineEditor editor;
+    Match match;
+    bool local = false;     // came through the local socket
+    bool at_prompt = false; // the prompt is the last thing on the screen, but for what is being typed
+    bool closing = false;   // to be closed after the line being executed
+    bool cut_off = false;   // nothing can be sent any more
+    int login_failures = 0;
+};
+
+Session* session_of(vty* session);
+inline std::size_t unsent(const Session& session)
+{
+    return session.out.size() - session.out_sent;
+}
+
+// Takes a record from the pool, in the view node; null when all are in use.
+Session* take_session(int type);
+// Makes it visible to SDK threads, and takes that back.
+void publish(Session& session);
+void withdraw(Session& session);
+// Gives the record back. Its memory stays.
+void free_session(Session& session);
+Session& session_at(unsigned index);
+
+// Console thread: appends to the session's output. False when the session takes none.
+bool append_output(Session& session, std::string_view text);
+__attribute__((format(printf, 2, 3))) void print(Session& session, const char* format, ...);
+// Sends what can be sent without waiting.
+void send_output(Session& session);
+// Ends output for good: the client is gone or does not read.
+void cut_off(Session& session, const char* reason);
+// Moves complete event lines out of the event buffer.
+std::string take_event_lines(Session& session);
+
+// Marks the calling thread as executing a command of the session, whose output then goes straight to the session.
+class Executing {
+  public:
+    explicit Executing(Session& session);
+    ~Executing();
+    Executing(const Executing&) = delete;
+    Executing& operator=(const Executing&) = delete;
+
+  private:
+    Session* outer;
+};
+
+// Whether the calling thread executes a command of the session.
+bool is_executing(const Session& session);
+
+// Closes a session logically: leave hook, no more output taken. The connection is another matter (terminal.h).
+void retire(Session& session);
+
+} // namespace engine

@@ -1,0 +1,129 @@
+// SPDX-License-Identifier: Apache-2.0
+// Telnet with as few options as a line-oriented console needs: ECHO and SUPPRESS-GO-AHEAD from us, NAWS from the
+// client.
+#include "host/engine/telnet.h"
+
+#include <algorithm>
+
+#include <libtelnet.h>
+
+namespace engine {
+namespace {
+
+constexpr telnet_telopt_t options[] = {
+    {TELNET_TELOPT_ECHO, TELNET_WILL, TELNET_DONT},
+    {TELNET_TELOPT_SGA, TELNET_WILL, TELNET_DO},
+    {TELNET_TELOPT_NAWS, TELNET_WONT, TELNET_DO},
+    {-1, 0, 0},
+};
+
+// Telnet's own keys, as the control bytes that the line editor knows.
+char editing_key(unsigned char command)
+{
+    switch (command) {
+    case TELNET_IP:
+    case TELNET_BREAK:
+        return 0x03;
+    case TELNET_EC:
+        return 0x08;
+    case TELNET_EL:
+        return 0x15;
+    case TELNET_EOF:
+        return 0x04;
+    default:
+        return 0;
+    }
+}
+
+constexpr std::size_t SLICE = 512; // how exactly the length of an unfinished subnegotiation is known
+constexpr unsigned NARROWEST = 20, WIDEST = 1000;
+
+} // namespace
+
+void Telnet::Free::operator()(telnet_t* telnet) const
+{
+    telnet_free(telnet);
+}
+
+Telnet::Telnet(bool negotiates) : state(telnet_init(options, &Telnet::on_event, 0, this))
+{
+    if (!state) {
+        broken = "out of memory";
+    } else if (negotiates) {
+        telnet_negotiate(state.get(), TELNET_WILL, TELNET_TELOPT_ECHO);
+        telnet_negotiate(state.get(), TELNET_WILL, TELNET_TELOPT_SGA);
+        telnet_negotiate(state.get(), TELNET_DO, TELNET_TELOPT_NAWS);
+    }
+}
+
+Telnet::~Telnet() = default;
+
+bool Telnet::receive(std::string_view bytes)
+{
+    while (!bytes.empty() && broken == nullptr) {
+        std::string_view slice = bytes.substr(0, SLICE);
+        bytes.remove_prefix(slice.size());
+        quiet += slice.size();
+        telnet_recv(state.get(), slice.data(), slice.size());
+        if (quiet > SUBNEGOTIATION_LIMIT) broken = "telnet subnegotiation too long";
+    }
+    return broken == nullptr;
+}
+
+void Telnet::on_event(telnet_t*, telnet_event_t* event, void* self)
+{
+    static_cast<Telnet*>(self)->handle(*event);
+}
+
+void Telnet::handle(const telnet_event_t& event)
+{
+    quiet = 0;
+    if (broken != nullptr) return;
+    switch (event.type) {
+    case TELNET_EV_DATA:
+        typed.append(event.data.buffer, event.data.size);
+        break;
+    case TELNET_EV_SEND:
+        answer.append(event.data.buffer, event.data.size);
+        break;
+    case TELNET_EV_IAC:
+        if (char key = editing_key(event.iac.cmd)) typed += key;
+        break;
+    case TELNET_EV_DO:
+    case TELNET_EV_DONT:
+        if (event.neg.telopt == TELNET_TELOPT_ECHO) echo = event.type == TELNET_EV_DO;
+        break;
+    case TELNET_EV_SUBNEGOTIATION:
+        if (event.sub.telopt == TELNET_TELOPT_NAWS && event.sub.size == 4) window_size({event.sub.buffer, 4});
+        break;
+    case TELNET_EV_COMPRESS:
+        broken = "compressed telnet is not served"; // a few bytes could unpack to gigabytes
+        break;
+    case TELNET_EV_WARNING:
+        if (event.error.errcode == TELNET_EOVERFLOW) broken = "telnet subnegotiation too long";
+        break;
+    case TELNET_EV_ERROR:
+        broken = "telnet protocol error";
+        break;
+    default:
+        break;
+    }
+}
+
+void Telnet::window_size(std::string_view data)
+{
+    unsigned width = static_cast<unsigned char>(data[0]) * 256U + static_cast<unsigned char>(data[1]);
+    columns = width >= NARROWEST && width <= WIDEST ? width : 0;
+}
+
+void append_telnet_text(std::string_view text, std::string* out)
+{
+    constexpr char iac = static_cast<char>(TELNET_IAC);
+    for (std::size_t end; (end = text.find(iac)) != std::string_view::npos; text.remove_prefix(end + 1)) {
+        out->append(text.substr(0, end + 1));
+        *out += iac;
+    }
+    out->append(text);
+}
+
+} // namespace engine

@@ -1,0 +1,305 @@
+// SPDX-License-Identifier: Apache-2.0
+// What an operator sees. One turn of a session takes what was received, executes a bounded number of lines, and sends
+// all answers at once.
+#include "host/engine/terminal.h"
+
+#include <array>
+#include <cerrno>
+#include <cstring>
+
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include "host/engine/dispatch.h"
+#include "host/engine/event_loop.h"
+#include "host/engine/log.h"
+#include "host/engine/login.h"
+#include "host/engine/nodes.h"
+
+namespace engine {
+namespace {
+
+// What one session may take of a turn while others wait.
+constexpr std::size_t RECEIVE_SIZE = 64 * 1024;
+constexpr int LINES_PER_TURN = 256;
+constexpr std::chrono::milliseconds TIME_PER_TURN{20};
+
+std::string& password_hash()
+{
+    static std::string& hash = *new std::string;
+    return hash;
+}
+
+void show_prompt(Session& session)
+{
+    bool secret = session.node == AUTH_NODE;
+    const NodeRules& rules = rules_of(session.node);
+    LineEditor::Mode mode;
+    mode.echo = session.local ? session.telnet->echo : true;
+    mode.secret = secret;
+    mode.help = rules.raw_line == nullptr || rules.raw_help != nullptr;
+    std::string text = prompt(&session);
+    session.editor.begin(columns_of(text), mode);
+    append_output(session, text);
+    session.at_prompt = true;
+}
+
+// Prompt and typed text once more, below what was printed meanwhile.
+void restore_line(Session& session)
+{
+    std::string text;
+    session.editor.redraw(prompt(&session), &text);
+    append_output(session, text);
+}
+
+// Event lines appear above the line that is being typed.
+void show_events(Session& session)
+{
+    if (!session.at_prompt || session.node == AUTH_NODE || unsent(session) > EVENT_HOLD) return;
+    std::string lines = take_event_lines(session);
+    if (lines.empty()) return;
+    std::string erased;
+    session.editor.erase(&erased);
+    append_output(session, erased);
+    append_output(session, lines);
+    restore_line(session);
+}
+
+void check_password(Session& session)
+{
+    std::string typed = session.editor.line();
+    bool right = !session.editor.too_long() && !session.editor.refused() && password_matches(password_hash(), typed);
+    explicit_bzero(typed.data(), typed.size());
+    if (right) {
+        session.node = VIEW_NODE;
+        return;
+    }
+    bool last = ++session.login_failures >= LOGIN_TRIES;
+    print(session, last ? "%% Bad password, too many tries.%s" : "%% Bad password.%s", newline(session));
+    if (!last) return;
+    log_line("session %u (%s): %d bad passwords", session.index, session.from.c_str(), LOGIN_TRIES);
+    session.closing = true;
+}
+
+void finish_line(Session& session)
+{
+    LineEditor& editor = session.editor;
+    if (session.node == AUTH_NODE) {
+        check_password(session);
+    } else if (editor.too_long()) {
+        print(session, "%% Line too long (more than %zu characters).%s", LINE_LIMIT, newline(session));
+    } else if (editor.refused()) {
+        print(session, "%% Line refused: it holds bytes that are not printable text.%s", newline(session));
+    } else {
+        std::string line = editor.line();
+        run_line(session, line);
+    }
+}
+
+void show_help(Session& session)
+{
+    std::string text = session.editor.echoes() ? "\r\n" : "";
+    text += help_text(session, std::string_view(session.editor.line()).substr(0, session.editor.cursor()));
+    append_output(session, text);
+    if (session.editor.echoes()) restore_line(session); // without echo the rest of the line is dropped
+}
+
+void complete_word(Session& session)
+{
+    Completion completion =
+        complete(session, std::string_view(session.editor.line()).substr(0, session.editor.cursor()));
+    std::string text;
+    if (!completion.insert.empty()) session.editor.insert(completion.insert, &text);
+    append_output(session, text);
+    if (completion.listing.empty()) return;
+    append_output(session, "\r\n" + completion.listing);
+    restore_line(session);
+}
+
+// Acts on what was typed. True when the line is done with and a new prompt is due.
+bool act(Session& session, LineEditor::Action action)
+{
+    switch (action) {
+    case LineEditor::Action::None:
+        return false;
+    case LineEditor::Action::Line:
+        session.at_prompt = false;
+        finish_line(session);
+        return true;
+    case LineEditor::Action::Help:
+        show_help(session);
+        return false;
+    case LineEditor::Action::Complete:
+        complete_word(session);
+        return false;
+    case LineEditor::Action::Interrupt:
+        return true;
+    case LineEditor::Action::Leave:
+        session.at_prompt = false;
+        if (session.node == AUTH_NODE)
+            session.closing = true;
+        else
+            leave_node(session);
+        return true;
+    case LineEditor::Action::Redraw: {
+        std::string text;
+        session.editor.erase(&text);
+        append_output(session, text);
+        restore_line(session);
+        return false;
+    }
+    }
+    return false;
+}
+
+void process_input(Session& session)
+{
+    Clock::time_point start = Clock::now();
+    int lines = 0;
+    std::string echo;
+    while (session.in_at < session.in.size() && !session.closing && !session.cut_off) {
+        echo.clear();
+        std::string_view rest = std::string_view(session.in).substr(session.in_at);
+        auto [taken, action] = session.editor.feed(rest, &echo);
+        session.in_at += taken;
+        append_output(session, echo);
+        if (act(session, action)) {
+            if (session.node != AUTH_NODE) append_output(session, take_event_lines(session));
+            if (!session.closing) show_prompt(session);
+            if (++lines >= LINES_PER_TURN) break;
+        }
+        if (Clock::now() - start > TIME_PER_TURN) break;
+    }
+    if (session.in_at == session.in.size()) {
+        session.in.clear();
+        session.in_at = 0;
+        if (session.in.capacity() > RECEIVE_SIZE) session.in.shrink_to_fit();
+    }
+}
+
+void take_telnet(Session& session, std::string_view bytes)
+{
+    Telnet& telnet = *session.telnet;
+    bool sound = telnet.receive(bytes);
+    session.in += telnet.typed;
+    telnet.typed.clear();
+    session.out += telnet.answer;
+    telnet.answer.clear();
+    session.editor.set_width(telnet.columns);
+    if (session.local) session.editor.set_echo(telnet.echo);
+    if (!sound) cut_off(session, telnet.fault());
+    if (unsent(session) > OUTPUT_LIMIT) cut_off(session, "it left too much output unread");
+}
+
+void receive(Session& session)
+{
+    static thread_local std::array<char, RECEIVE_SIZE> bytes;
+    ssize_t size = recv(session.fd, bytes.data(), bytes.size(), 0);
+    if (size > 0) {
+        session.last_input = Clock::now();
+        take_telnet(session, {bytes.data(), static_cast<std::size_t>(size)});
+    } else if (size == 0) {
+        session.in_ended = true;
+        watch_session(session);
+    } else if (errno != EAGAIN && errno != EWOULDBLOCK && errno != EINTR) {
+        cut_off(session, nullptr);
+    }
+}
+
+// Gives connection and record back.
+void release(Session& session)
+{
+    // What the client still sent must not become a reset that destroys the last lines on their way to it.
+    char rest[4096];
+    for (int i = 0; i < 256 && recv(session.fd, rest, sizeof rest, MSG_DONTWAIT) > 0; ++i) {
+    }
+    unwatch(session.fd);
+    close(session.fd);
+    session.fd = -1;
+    free_session(session);
+}
+
+void drain(Session& session)
+{
+    if (session.cut_off || unsent(session) == 0 || Clock::now() >= session.drain_end)
+        release(session);
+    else
+        watch_session(session);
+}
+
+} // namespace
+
+void open_connection(int fd, bool local, const std::string& from)
+{
+    Session* taken = take_session(VTY_TYPE_TERMINAL);
+    if (taken == nullptr) {
+        static constexpr std::string_view refusal = "% Too many sessions.\r\n";
+        send(fd, refusal.data(), refusal.size(), MSG_NOSIGNAL);
+        close(fd);
+        return;
+    }
+    Session& session = *taken;
+    session.fd = fd;
+    session.connected = true;
+    session.local = local;
+    session.from = from;
+    session.telnet = std::make_unique<Telnet>(!local);
+    if (!password_hash().empty()) session.node = AUTH_NODE;
+    publish(session);
+    take_telnet(session, {});
+    print(session, "Console of %s. Type ? for the commands, help for a first tour.%s", host_name().c_str(),
+          newline(session));
+    show_prompt(session);
+    watch_session(session);
+    send_output(session);
+}
+
+void close_connection(Session& session, const char* last_line)
+{
+    if (session.phase == Phase::Open) {
+        if (last_line != nullptr) print(session, "%s%s%s", newline(session), last_line, newline(session));
+        retire(session);
+        send_output(session);
+        session.phase = Phase::Draining;
+        session.drain_end = Clock::now() + DRAIN_TIME;
+    }
+    drain(session);
+}
+
+void drop_connection(Session& session)
+{
+    session.drain_end = Clock::now();
+    close_connection(session, nullptr);
+    if (session.phase == Phase::Draining) release(session);
+}
+
+int serve_session(thread* work)
+{
+    Session& session = *session_of(static_cast<vty*>(work->arg));
+    session.queued = false;
+    if (session.fd < 0) return 0;
+    if (session.waits_to_send) send_output(session);
+    if (session.phase == Phase::Draining) {
+        drain(session);
+        return 0;
+    }
+    session.flush_wanted.store(false);
+    if (session.in_at == session.in.size() && !session.in_ended && !session.cut_off) receive(session);
+    process_input(session);
+    bool input_left = session.in_at < session.in.size();
+    if (session.closing || session.cut_off || (session.in_ended && !input_left)) {
+        close_connection(session, nullptr);
+        return 0;
+    }
+    show_events(session);
+    send_output(session);
+    if (session.cut_off || input_left) queue_session(session);
+    return 0;
+}
+
+void set_password_hash(const std::string& hash)
+{
+    password_hash() = hash;
+}
+
+} // namespace engine
