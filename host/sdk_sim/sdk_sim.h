@@ -21,14 +21,19 @@ bool load_scenario_text(std::string_view toml, std::string_view name, std::strin
 std::string_view demo_scenario();
 // Name of the network: the "%s" of the console's prompts.
 std::string network_name();
-// Forgets network, faults, journal and event handlers: a fresh process. For tests.
+// Forgets network, faults, journal, log and event handlers and stops the event thread: a fresh process. For tests; not
+// on the event thread.
 void reset();
 
-// Starts and stops the event thread. Before start, events are kept; stop delivers nothing more and joins the thread.
+// Starts and stops the event thread and the network's clock. Before start, events are kept; stop delivers nothing more
+// and joins the thread (so it is not called on it).
 void start();
 void stop();
-// Returns when every event raised so far has been delivered.
+// Returns when every event raised so far has been delivered; at once on the event thread and while it does not run.
 void drain_events();
+// Moves the network's clock forward, and does what is due until then. For tests; scenarios with "clock.speed = 0" live
+// by it alone.
+void advance_clock(std::uint64_t milliseconds);
 
 // --- The SDK log and the journal ---------------------------------------------------------------------------------
 
@@ -38,7 +43,8 @@ bool set_log(const std::string& path, std::string* error);
 // Every call since the last one of this function, as "NEP_set_mpcp_timeout(0, 300) = 0". Kept only while recording.
 void record_journal(bool on);
 std::vector<std::string> take_journal();
-// Entries of NEPLOG_print since the last call, as "topic|module|olt|onu|text". Kept only while recording.
+// Entries of NEPLOG_print since the last call, as "topic|module|olt|onu|text", without the line end of the text. Kept
+// only while recording.
 std::vector<std::string> take_log();
 
 // --- Faults ------------------------------------------------------------------------------------------------------
@@ -51,9 +57,12 @@ struct Fault {
     std::uint32_t delay_ms = 0; // time each faulty call takes
     bool after = false;         // carry out the call first, then return the code
 };
-// False when no operation has that name.
+// False when no operation has that name. Faults of the same operation wait for each other: the next one begins (skip
+// included) when the one before has had its count. A call that is not carried out writes zeros through its pointers.
 bool inject(const Fault& fault);
 void clear_faults();
+// The faults that still wait, with what is left of their skip and count.
+std::vector<Fault> faults();
 std::vector<std::string> operations();
 
 // --- Events ------------------------------------------------------------------------------------------------------
@@ -71,7 +80,8 @@ const std::vector<EventDescription>& event_descriptions();
 // Raises an event. values is "field=value,field=value"; fields that are not named are 0. False with a line in *error.
 bool raise_event(int kind, std::int16_t olt_id, std::string_view values, std::string* error);
 
-// Receives the output of the OLT firmwares' own consoles, one line a call, on the event thread.
+// Receives the output of the OLT firmwares' own consoles, one line a call, on the event thread. Null: nobody does. The
+// former receiver is not called any more once this returns.
 void set_firmware_console(void (*print)(const char* text));
 
 // --- Driving the network -----------------------------------------------------------------------------------------

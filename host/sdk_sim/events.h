@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: Apache-2.0
+// The queue of events and the one thread that delivers them, in the order in which they were raised.
+//
+// The queue's lock is the innermost one: events may be raised with the model's lock held. Handlers run with no lock.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <string>
+#include <type_traits>
+
+namespace sdk_sim {
+
+inline constexpr std::size_t EVENT_RECORD_SIZE = 40;
+
+struct QueuedEvent {
+    int kind = 0; // 0: a line of the firmware's console, in octets
+    std::int16_t olt_id = 0;
+    alignas(std::max_align_t) std::byte record[EVENT_RECORD_SIZE] = {};
+    std::string octets; // what the record points to
+};
+
+void queue_event(QueuedEvent event);
+
+// Raises an event whose record points to nothing.
+template <class Record>
+void raise(int kind, std::int16_t olt_id, const Record& record)
+{
+    static_assert(std::is_trivially_copyable_v<Record> && sizeof(Record) <= EVENT_RECORD_SIZE);
+    QueuedEvent event;
+    event.kind = kind;
+    event.olt_id = olt_id;
+    std::memcpy(event.record, &record, sizeof(record));
+    queue_event(std::move(event));
+}
+
+void queue_firmware_line(std::int16_t olt_id, std::string line);
+
+// Makes the event thread look at the timers again.
+void wake_event_thread();
+
+// Forgets events that wait, handlers and the firmware console's printer. The event thread must not run.
+void reset_events();
+
+} // namespace sdk_sim

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: Apache-2.0
+// How OLTs and ONUs come and go, with the events that tell of it. The caller holds the model's lock.
+#pragma once
+
+#include "host/sdk_sim/model.h"
+
+namespace sdk_sim {
+
+// Why an ONU left: OnuDeregisteredEvent.reason.
+enum class DeregistrationReason { Command = 0, MpcpTimeout = 1, OamTimeout = 2, ByOnu = 3, Refused = 4, OltReset = 5 };
+
+// Makes an OLT present. After a while it is operational, and its ONUs register one after the other.
+void start_olt(Network& network, Olt& olt);
+// Makes an OLT absent; its ONUs are lost.
+void end_olt(Olt& olt);
+
+void deregister_onu(Olt& olt, Onu& onu, DeregistrationReason reason);
+
+// Begins what the network does by itself.
+void begin_life(Network& network);
+
+} // namespace sdk_sim

@@ -1,0 +1,164 @@
+// SPDX-License-Identifier: Apache-2.0
+// The modelled network: what its OLTs and ONUs are, what has been set on them, and the clock they live by.
+//
+// Everything here is guarded by the model's lock: it is reached through a ModelLock, in the body of an operation
+// (gate.h), or in the action of a timer. Nothing that runs under the lock calls back into a host.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <mutex>
+#include <string>
+#include <vector>
+
+#include <epon/sdk.h>
+
+#include "host/sdk_sim/xaui_redundancy.h"
+
+namespace sdk_sim {
+
+using Mac = std::array<std::uint8_t, 6>;
+using Milliseconds = std::uint64_t; // of the virtual clock
+
+inline constexpr std::int16_t BROADCAST_ONU = 4095;
+
+// --- ONUs --------------------------------------------------------------------------------------------------------
+
+enum class OnuRate : std::int32_t { Rate1G = 0, Rate10G1G = 1, Rate10G = 2 };
+
+// What is set on an ONU, family by family. It goes back to what the scenario says when the ONU loses its registration.
+struct OnuConfiguration {};
+
+struct Onu {
+    std::int16_t id = 0; // index of the ONU and of its link
+    Mac mac{};
+    OnuRate rate = OnuRate::Rate1G;
+    std::int32_t mode = ONU_MODE_UNREGISTERED;
+    std::int32_t home_mode = ONU_MODE_UNREGISTERED; // the mode it takes when its OLT has started
+    bool is_static = false;
+    bool is_warned = false;          // for a mode change
+    std::uint32_t rtt = 0;           // time quanta of 16 ns
+    std::string name, serial_number; // as the device tells them: any octets
+    OnuConfiguration configuration, initial_configuration;
+};
+
+// --- OLTs --------------------------------------------------------------------------------------------------------
+
+struct LoggingTopic {
+    std::int32_t enabled = 0;
+    std::int32_t level = 0;
+};
+
+// What is set on an OLT, family by family. A reset takes it back to what the scenario says.
+struct OltConfiguration {
+    OLT_update_parameters parameters{};
+    XauiRedundancy xaui_redundancy;
+    std::map<std::int32_t, LoggingTopic> logging; // by topic; a topic that is not listed is off
+};
+
+struct OltDevice {
+    std::string name; // at most 31 octets
+    std::uint8_t hardware_major = 0;
+    std::uint8_t hardware_minor = 0;
+    std::uint16_t llids_supported = ONU_INDEX_LIMIT;
+    std::int32_t system_port_mac_type = 0;
+    OLT_version firmware_version{};
+    OLT_version host_version{};
+};
+
+// The firmware's own console.
+struct FirmwareConsole {
+    std::int32_t temperature = 0;                     // tenths of a degree Celsius
+    std::map<std::uint32_t, std::uint32_t> registers; // by address
+    std::vector<std::string> log;                     // as the firmware prints it: any octets
+};
+
+struct Olt {
+    std::int16_t id = 0;
+    bool is_known = false;   // the scenario has it
+    bool is_powered = false; // not taken away
+    bool is_present = false; // added, and not reset since
+    bool recovery_fails = false;
+    std::uint32_t start_count = 0; // tells timers of an earlier life apart
+    Milliseconds started_at = 0;
+    Mac mac{};
+    OltDevice device;
+    FirmwareConsole firmware_console;
+    OltConfiguration configuration, initial_configuration;
+    std::map<std::int16_t, Onu> onus; // by index
+};
+
+// How the network lives by itself. An interval of 0 means never.
+struct Life {
+    std::uint64_t seed = 1;
+    Milliseconds leave_interval = 0; // mean time between two ONUs' leaving
+    Milliseconds absence = 30000;    // mean time until such an ONU is back
+    Milliseconds alarm_interval = 0; // mean time between two alarms
+    Milliseconds alarm_duration = 10000;
+    Milliseconds start_time = 500;         // of an OLT, until it is operational
+    Milliseconds registration_time = 1000; // of the first ONU, from there on
+    Milliseconds registration_step = 10;   // between one ONU and the next
+};
+
+struct Network;
+
+struct Timer {
+    std::int16_t olt_id = -1; // -1: of the network
+    std::uint32_t start_count = 0;
+    std::function<void(Network&)> action;
+};
+
+struct Network {
+    std::string name = "epon";
+    double speed = 1; // virtual seconds in a second; 0: the clock moves only by advance_clock
+    Life life;
+    std::array<Olt, OLT_INDEX_LIMIT> olts;
+
+    Milliseconds now = 0;
+    std::multimap<Milliseconds, Timer> timers; // by time; those of the same time in the order in which they were set
+    std::uint64_t random_state = 1;
+
+    Network();
+};
+
+// Holds the model's lock, and runs the timers that became due before it was taken.
+class ModelLock {
+  public:
+    ModelLock();
+    Network& operator*() const;
+    Network* operator->() const;
+
+  private:
+    std::unique_lock<std::mutex> lock;
+};
+
+// Puts another network in the place of the present one, timers included.
+void replace_network(Network&& network);
+
+// --- Questions of operations --------------------------------------------------------------------------------------
+
+// Null when the OLT is unknown or absent.
+Olt* present_olt(Network& network, std::int16_t olt_id);
+// A link counts as registered in the two registered modes.
+bool counts_as_registered(const Onu& onu);
+// Null when there is no such ONU or it is not registered.
+Onu* registered_onu(Olt& olt, std::int16_t onu_id);
+std::uint16_t count_registered(const Olt& olt);
+
+// --- The virtual clock --------------------------------------------------------------------------------------------
+
+// Runs action after a time. The timer of an OLT is dropped when that OLT leaves the present state before.
+void after(Network& network, Milliseconds delay, std::function<void(Network&)> action);
+void after(Network& network, const Olt& olt, Milliseconds delay, std::function<void(Network&, Olt&)> action);
+
+// Lets the clock run with the time of day, or stand still.
+void run_clock(bool on);
+// Seconds until the next timer is due, as the clock runs now; negative when there is none or the clock stands still.
+double seconds_to_next_timer();
+
+// The next number of the network's random sequence, 0..limit-1.
+std::uint64_t random_below(Network& network, std::uint64_t limit);
+
+} // namespace sdk_sim
