@@ -24,11 +24,6 @@ void reset(Match& out)
     out.storage.clear();
 }
 
-bool is_keyword(const State& at)
-{
-    return at.grammar->token(at.token).kind == WordKind::Keyword;
-}
-
 std::string_view form_of(const State& at)
 {
     return at.grammar->form(at.token);
@@ -44,29 +39,49 @@ void path_to(const Walk& walk, std::uint32_t last, std::vector<std::uint32_t>& p
     }
 }
 
-void accept(const Walk& walk, std::uint32_t final, std::vector<std::uint32_t>& path, Match& out)
+char* append(char* to, std::string_view text)
 {
-    path_to(walk, final, path);
-    std::size_t size = 0;
-    for (std::size_t i = 0; i < path.size(); i++) {
-        const State& at = walk.state(path[i]);
-        std::string_view word = is_keyword(at) ? form_of(at) : walk.words[i];
-        if (i > 0) out.line.push_back(' ');
-        out.line.append(word);
-        if (at.grammar->is_argument(at.token)) size += word.size() + 1;
+    std::memcpy(to, text.data(), text.size());
+    return to + text.size();
+}
+
+void accept(const Walk& walk, std::uint32_t final, std::vector<FullWord>& full, Match& out)
+{
+    full.resize(walk.words.size());
+    std::size_t line_size = 0;
+    std::size_t storage_size = 0;
+    std::size_t arguments = 0;
+    std::uint32_t last = final;
+    for (std::size_t i = full.size(); i-- > 0;) {
+        const State& at = walk.state(last);
+        const Token& token = at.grammar->token(at.token);
+        bool keyword = token.kind == WordKind::Keyword;
+        FullWord& word = full[i];
+        word.text = keyword ? std::string_view(at.grammar->text + token.offset, token.length) : walk.words[i];
+        word.argument = !keyword || token.in_group;
+        line_size += word.text.size() + 1;
+        if (word.argument) {
+            storage_size += word.text.size() + 1;
+            arguments++;
+        }
+        last = at.parent;
     }
-    // Sized first: argv points into it.
-    out.storage.resize(size);
-    char* next = out.storage.data();
-    for (std::size_t i = 0; i < path.size(); i++) {
-        const State& at = walk.state(path[i]);
-        if (!at.grammar->is_argument(at.token)) continue;
-        std::string_view word = is_keyword(at) ? form_of(at) : walk.words[i];
-        std::memcpy(next, word.data(), word.size());
-        next[word.size()] = '\0';
-        out.argv.push_back(next);
-        next += word.size() + 1;
+    // Sized first: argv points into the storage.
+    out.line.resize(line_size);
+    out.storage.resize(storage_size);
+    out.argv.resize(arguments);
+    char* line = out.line.data();
+    char* storage = out.storage.data();
+    char** argument = out.argv.data();
+    for (const FullWord& word : full) {
+        line = append(line, word.text);
+        *line++ = ' ';
+        if (!word.argument) continue;
+        *argument++ = storage;
+        storage = append(storage, word.text);
+        *storage++ = '\0';
     }
+    out.line.pop_back(); // the last blank
     out.element = walk.command_at(walk.state(final))->element;
     out.status = MatchStatus::Matched;
 }
@@ -237,7 +252,7 @@ void CommandTree::match(std::span<const std::string_view> words, Match& out) con
         }
         if (commands == 0) continue;
         if (commands == 1 && !walk.state(final).ambiguous) {
-            accept(walk, final, impl->path, out);
+            accept(walk, final, impl->full_words, out);
             return;
         }
         std::vector<std::uint32_t> finals;

@@ -51,16 +51,22 @@ inline std::string_view form_of(const Edge& edge)
     return edge.grammar->form(edge.token);
 }
 
+// How a word fits the next word of a leaf's command.
+struct Step {
+    std::uint16_t token = 0; // the alternative that it fits best
+    Fit fit = Fit::None;
+    bool ambiguous = false;       // it fits another one as well
+    std::uint16_t next_token = 0; // behind the word
+};
+
 // A place that the words typed so far lead to.
 struct State {
     const Grammar* grammar = nullptr; // token of the word that was taken last
     std::uint32_t node = 0;           // LEAF: behind that word of that grammar
     std::uint32_t parent = 0;         // the state before that word
     std::uint16_t token = 0;
-    std::uint16_t next_token = 0;   // of a leaf: what the next word fits best,
-    Fit next_fit = Fit::None;       // how,
-    bool next_is_ambiguous = false; // and whether it fits another alternative as well
-    bool ambiguous = false;         // two alternatives of a group fit equally, here or at an earlier word
+    bool ambiguous = false; // two alternatives of a group fit equally, here or at an earlier word
+    Step next;              // of a leaf among several states
 };
 
 // Fits that a walk treats as equally good.
@@ -117,6 +123,9 @@ struct Walk {
     }
 
   private:
+    static Step step_leaf(const Grammar& grammar, std::size_t token, std::string_view word);
+    bool follow_leaf(std::uint32_t index, std::size_t depth, Set* found);
+    void note_furthest(std::size_t depth, const Set& set);
     void expand(const Set& set, std::string_view word, FitStep step);
     void expand_leaf(std::uint32_t index, std::string_view word, FitStep step);
     void expand_keywords(std::uint32_t index, std::string_view word, FitStep step);
@@ -124,12 +133,18 @@ struct Walk {
     void enter(std::uint32_t parent, const Edge& edge, Fit fit);
 };
 
+// A word of an accepted line, keywords and alternatives in full.
+struct FullWord {
+    std::string_view text;
+    bool argument;
+};
+
 struct CommandTree::Impl {
     std::vector<TreeNode> nodes{1};
     std::vector<const Grammar*> installed;
     // Kept for their buffers.
     mutable Walk walk;
-    mutable std::vector<std::uint32_t> path;
+    mutable std::vector<FullWord> full_words;
 
     bool insert(const Grammar* grammar);
 };

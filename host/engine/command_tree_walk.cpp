@@ -29,6 +29,12 @@ bool Walk::next(Set* found)
             sets.pop_back();
             return true;
         }
+        if (set.end - set.begin == 1 && states[set.begin].node == LEAF) {
+            std::uint32_t leaf = set.begin;
+            sets.pop_back();
+            if (!follow_leaf(leaf, depth, found)) continue;
+            return true;
+        }
         if (set.next_step == steps.size()) {
             sets.pop_back();
             continue;
@@ -38,12 +44,56 @@ bool Walk::next(Set* found)
         auto end = static_cast<std::uint32_t>(states.size());
         if (begin == end) continue;
         sets.push_back({begin, end, 0});
-        if (depth + 1 > furthest) {
-            furthest = depth + 1;
-            furthest_set = sets.back();
-        }
+        note_furthest(depth + 1, sets.back());
     }
     return false;
+}
+
+void Walk::note_furthest(std::size_t depth, const Set& set)
+{
+    if (depth <= furthest) return;
+    furthest = depth;
+    furthest_set = set;
+}
+
+// How a word fits the next word of a leaf's grammar, which is not at its end.
+Step Walk::step_leaf(const Grammar& grammar, std::size_t token, std::string_view word)
+{
+    Step step;
+    for (;; token++) {
+        const Token& alternative = grammar.token(token);
+        Fit fit = fit_of(alternative.kind, grammar.form(token), word);
+        if (fit < step.fit) {
+            step = {static_cast<std::uint16_t>(token), fit, false, 0};
+        } else if (fit == Fit::KeywordPrefix && fit == step.fit) {
+            step.ambiguous = true;
+        }
+        if (alternative.last_of_word) break;
+    }
+    step.next_token = static_cast<std::uint16_t>(token + 1);
+    return step;
+}
+
+// Only one command is left: all other words are its own, or the walk goes back to a worse set.
+bool Walk::follow_leaf(std::uint32_t index, std::size_t depth, Set* found)
+{
+    State at = states[index];
+    const Grammar& grammar = *at.grammar;
+    std::size_t token = following_token(at);
+    while (depth < words.size() && token < grammar.token_count) {
+        Step step = step_leaf(grammar, token, words[depth]);
+        if (step.fit == Fit::None) break;
+        at.parent = index;
+        at.token = step.token;
+        at.ambiguous |= step.ambiguous;
+        index = static_cast<std::uint32_t>(states.size());
+        states.push_back(at);
+        token = step.next_token;
+        depth++;
+    }
+    *found = {index, index + 1, 0};
+    note_furthest(depth, *found);
+    return depth == words.size();
 }
 
 const Grammar* Walk::command_at(const State& at) const
@@ -69,31 +119,17 @@ void Walk::expand(const Set& set, std::string_view word, FitStep step)
 void Walk::expand_leaf(std::uint32_t index, std::string_view word, FitStep step)
 {
     State& at = states[index];
-    const Grammar& grammar = *at.grammar;
     if (step.closest == Fit::ExactKeyword) { // the first step decides how the word fits
-        at.next_fit = Fit::None;
-        at.next_is_ambiguous = false;
         std::size_t token = following_token(at);
-        bool more = token < grammar.token_count;
-        for (; more; token++) {
-            Fit fit = fit_of(grammar.token(token).kind, grammar.form(token), word);
-            if (fit < at.next_fit) {
-                at.next_fit = fit;
-                at.next_token = static_cast<std::uint16_t>(token);
-                at.next_is_ambiguous = false;
-            } else if (fit == Fit::KeywordPrefix && fit == at.next_fit) {
-                at.next_is_ambiguous = true;
-            }
-            more = !grammar.token(token).last_of_word;
-        }
+        at.next = token < at.grammar->token_count ? step_leaf(*at.grammar, token, word) : Step{};
     }
-    if (at.next_fit < step.closest || at.next_fit > step.farthest) return;
+    if (at.next.fit < step.closest || at.next.fit > step.farthest) return;
     State reached;
     reached.grammar = at.grammar;
     reached.node = LEAF;
     reached.parent = index;
-    reached.token = at.next_token;
-    reached.ambiguous = at.ambiguous || at.next_is_ambiguous;
+    reached.token = at.next.token;
+    reached.ambiguous = at.ambiguous || at.next.ambiguous;
     states.push_back(reached);
 }
 

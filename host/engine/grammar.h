@@ -90,19 +90,26 @@ struct Grammar {
             index--;
         return index;
     }
-    // Whether the word reaches the handler as an argument: everything but a keyword of its own does.
-    bool is_argument(std::size_t index) const
-    {
-        return token(index).kind != WordKind::Keyword || token(index).in_group;
-    }
 };
 
 // Parses the element on its first installation, fills its cmdsize and strvec, and returns the parsed form. Null with a
 // text when the grammar is malformed or its help lines do not match its words; the element is then left as it was.
 const Grammar* grammar_of(cmd_element* element, Origin origin, std::string* error);
 
+inline Fit keyword_fit(std::string_view form, std::string_view word)
+{
+    if (word.empty() || !form.starts_with(word)) return Fit::None;
+    return form.size() == word.size() ? Fit::ExactKeyword : Fit::KeywordPrefix;
+}
+
+// The same for variables, ranges and addresses.
+Fit value_fit(WordKind kind, std::string_view form, std::string_view word);
+
 // How a typed word fits a token. An empty word and one that holds a NUL fit nothing.
-Fit fit_of(WordKind kind, std::string_view form, std::string_view word);
+inline Fit fit_of(WordKind kind, std::string_view form, std::string_view word)
+{
+    return kind == WordKind::Keyword ? keyword_fit(form, word) : value_fit(kind, form, word);
+}
 
 // Whether more typing can still make a fitting word of `partial`.
 bool may_become(WordKind kind, std::string_view form, std::string_view partial);

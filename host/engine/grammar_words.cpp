@@ -52,10 +52,27 @@ bool has_hex_mark(std::string_view text)
     return text.size() >= 2 && text[0] == '0' && text[1] == 'x';
 }
 
+// The bounds of a range that read_bounds has accepted once.
+Bounds known_bounds(WordKind kind, std::string_view form)
+{
+    std::size_t at = 1;
+    auto bound = [&] {
+        bool negative = form[at] == '-';
+        bool hexadecimal = kind == WordKind::Hexadecimal && form[at + 1] == 'x';
+        at += negative ? 1 : hexadecimal ? 2 : 0;
+        std::int64_t value = 0;
+        for (; form[at] != '-' && form[at] != '>'; at++)
+            value = value * (hexadecimal ? 16 : 10) + digit_value(form[at]);
+        at++;
+        return negative ? -value : value;
+    };
+    std::int64_t min = bound();
+    return {min, bound(), kind == WordKind::Hexadecimal};
+}
+
 bool in_range(WordKind kind, std::string_view form, std::string_view word)
 {
-    Bounds bounds;
-    if (!read_bounds(form, &bounds)) return false;
+    Bounds bounds = known_bounds(kind, form);
     std::uint64_t magnitude;
     if (kind == WordKind::Hexadecimal && has_hex_mark(word)) {
         if (!read_digits(word.substr(2), 16, &magnitude)) return false;
@@ -87,8 +104,7 @@ bool digits_may_reach(std::string_view digits, unsigned base, std::int64_t min, 
 
 bool may_become_number(WordKind kind, std::string_view form, std::string_view partial)
 {
-    Bounds bounds;
-    if (!read_bounds(form, &bounds)) return false;
+    Bounds bounds = known_bounds(kind, form);
     if (kind == WordKind::Hexadecimal) {
         if (partial == "0") return true;
         if (has_hex_mark(partial)) return digits_may_reach(partial.substr(2), 16, bounds.min, bounds.max);
@@ -175,13 +191,12 @@ bool read_bounds(std::string_view form, Bounds* bounds)
            bounds->min <= bounds->max;
 }
 
-Fit fit_of(WordKind kind, std::string_view form, std::string_view word)
+Fit value_fit(WordKind kind, std::string_view form, std::string_view word)
 {
     if (word.empty()) return Fit::None;
     switch (kind) {
     case WordKind::Keyword:
-        if (!form.starts_with(word)) return Fit::None;
-        return form.size() == word.size() ? Fit::ExactKeyword : Fit::KeywordPrefix;
+        break;
     case WordKind::Variable:
         return has_nul(word) ? Fit::None : Fit::Variable;
     case WordKind::Decimal:
