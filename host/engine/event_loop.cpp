@@ -184,6 +184,11 @@ void watch_session(Session& session)
     watch(session.fd, events, CONNECTION | session.index);
 }
 
+void park_at_once()
+{
+    master().stopping.store(true);
+}
+
 void queue_session(Session& session)
 {
     master().busy.push_back(&session);

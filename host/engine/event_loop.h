@@ -25,6 +25,8 @@ void queue_session(Session& session);
 void wake_loop();
 // The next fetch returns null.
 void serve_anew();
+// The console thread parks as soon as it fetches.
+void park_at_once();
 // Whether the calling thread runs the loop.
 bool on_console_thread();
 

@@ -287,8 +287,8 @@ bool prepare(const Options& options, std::string* error)
     std::string hash;
     if (!options.password_file.empty() && !load_password(options.password_file, &hash, error)) return false;
     std::uint16_t bound = 0;
-    int fd = listen_tcp(options.listen_address, options.port, &bound, error);
-    if (fd < 0) return false;
+    int fd = options.serve ? listen_tcp(options.listen_address, options.port, &bound, error) : -1;
+    if (options.serve && fd < 0) return false;
     close_tcp(at);
     at.tcp = fd;
     at.tcp_address = options.listen_address;
@@ -297,6 +297,7 @@ bool prepare(const Options& options, std::string* error)
     at.options = options;
     at.password_hash = hash;
     set_host_name(options.host_name);
+    if (!options.serve) park_at_once();
     return true;
 }
 
@@ -323,6 +324,7 @@ void RBX_vty_config_password(void)
 void RBX_vty_serv_sock(const char* addr, unsigned short port, const char* path)
 {
     engine::Server& at = engine::server();
+    if (!at.options.serve) return;
     engine::set_loop_handlers({engine::accept_clients, engine::serve_session, engine::close_everything});
     if (at.spare < 0) at.spare = open("/dev/null", O_RDONLY | O_CLOEXEC);
     std::string address = addr != nullptr ? addr : at.options.listen_address;

@@ -43,9 +43,11 @@ void close_file(Log& log)
     log.file = -1;
 }
 
-// One line of the file: time of day, "call" or "log", and the entry without control bytes.
-void write_line(const Log& log, const char* kind, const std::string& entry)
+// One line of the file: time of day, "call" or "log", and the entry without its line end and control bytes.
+void write_line(const Log& log, const char* kind, std::string_view entry)
 {
+    if (entry.ends_with('\n')) entry.remove_suffix(1);
+    if (entry.ends_with('\r')) entry.remove_suffix(1);
     timespec now{};
     clock_gettime(CLOCK_REALTIME, &now);
     tm local{};
@@ -85,8 +87,6 @@ std::string format_text(const char* format, va_list arguments)
     std::string text(length > 0 ? static_cast<std::size_t>(length) : 0, '\0');
     if (length > 0) std::vsnprintf(text.data(), text.size() + 1, format, again);
     va_end(again);
-    if (text.ends_with('\n')) text.pop_back();
-    if (text.ends_with('\r')) text.pop_back();
     return text;
 }
 

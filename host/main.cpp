@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: Apache-2.0
+// epon-host: the command library on our own engine and a simulated network.
+#include <csignal>
+#include <cstdio>
+#include <iostream>
+#include <string>
+
+#include <CLI/CLI.hpp>
+
+#include <epon/cli.h>
+
+#include "host/command_list.h"
+#include "host/engine/engine_host.h"
+#include "host/node_rules.h"
+#include "host/sdk_sim/sdk_sim.h"
+#include "host/simulate.h"
+
+namespace {
+
+constexpr int EXIT_WRONG_START = 2;
+
+int refuse(const std::string& reason)
+{
+    std::cerr << "epon-host: " << reason << '\n';
+    return EXIT_WRONG_START;
+}
+
+void print_firmware_line(const char* text)
+{
+    CLI_print(text);
+}
+
+bool load_network(const std::string& scenario, std::string* error)
+{
+    if (!scenario.empty()) return sdk_sim::load_scenario_file(scenario, error);
+    return sdk_sim::load_scenario_text(sdk_sim::demo_scenario(), "demo", error);
+}
+
+// Everything that the library itself does at start, in a driver's order.
+void start_console(unsigned short port)
+{
+    init_epon_driver();
+    CLI_set_port(port);
+    install_node_rules();
+    CLI_activate();
+    install_simulate_commands();
+    init_packages();
+}
+
+void stop_console()
+{
+    engine::stop();
+    terminate_packages();
+    terminate_epon_driver();
+    sdk_sim::stop();
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    engine::Options options;
+    std::string scenario;
+    std::string sdk_log;
+    bool only_list = false;
+
+    CLI::App app{"Console of an EPON OLT, on a simulated network", "epon-host"};
+    app.set_version_flag("--version", "epon-host 2.0");
+    app.add_option("--scenario", scenario, "Network to simulate (TOML); default: an embedded demo");
+    app.add_option("--port", options.port, "TCP port of the console")
+        ->check(CLI::Range(1, 65535))
+        ->capture_default_str();
+    app.add_option("--listen", options.listen_address,
+                   "Address of the console's TCP port; needs --password-file "
+                   "unless it is a loopback address")
+        ->capture_default_str();
+    app.add_option("--socket", options.socket_path, "Local socket of the console; default: /var/run/zebra.vty");
+    app.add_option("--password-file", options.password_file, "File with the console's password as a crypt(3) hash");
+    app.add_option("--sdk-log", sdk_log, "File that the SDK log and every SDK call are appended to; -: stderr");
+    app.add_flag("--list-commands", only_list, "Print every command: node, handler and grammar, separated by tabs");
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::Success& request) {
+        return app.exit(request); // --help, --version
+    } catch (const CLI::ParseError& fault) {
+        return refuse(fault.what());
+    }
+
+    std::string error;
+    if (!load_network(scenario, &error) || !sdk_sim::set_log(sdk_log, &error)) return refuse(error);
+    options.host_name = sdk_sim::network_name();
+    options.serve = !only_list;
+    if (!engine::prepare(options, &error)) return refuse(error);
+
+    // Signals are taken below, by this thread alone.
+    sigset_t signals;
+    sigemptyset(&signals);
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP})
+        sigaddset(&signals, signal);
+    pthread_sigmask(SIG_BLOCK, &signals, nullptr);
+
+    sdk_sim::set_firmware_console(print_firmware_line);
+    start_console(options.port);
+    if (only_list) {
+        list_commands(std::cout);
+        std::cout.flush();
+        stop_console();
+        return std::cout ? 0 : 1;
+    }
+    sdk_sim::start();
+    std::cout << "epon-host: console on " << engine::served_at() << std::endl;
+
+    int signal;
+    sigwait(&signals, &signal);
+    stop_console();
+    return 0;
+}

@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "host/node_rules.h"
+
+#include <string>
+
+#include <epon/engine.h>
+#include <epon/sdk.h>
+
+#include "host/engine/engine_host.h"
+
+namespace {
+
+// The MAC text of a session: shown up to its end, or to the six characters that the broadcast entry leaves.
+std::string target(const vty& session, int16_t index)
+{
+    return session.onu_by_index == 1 ? std::to_string(index) : session.onu_mac;
+}
+
+void onu_tail(const vty& session, std::string* prompt)
+{
+    *prompt += " " + target(session, session.onu_id) + ")# ";
+}
+
+void llid_tail(const vty& session, std::string* prompt)
+{
+    *prompt += " " + target(session, session.llid) + ")# ";
+}
+
+void onu_pon_tail(const vty& session, std::string* prompt)
+{
+    *prompt += " " + target(session, session.onu_id) + " PON)# ";
+}
+
+void uni_tail(const vty& session, std::string* prompt)
+{
+    *prompt += " " + target(session, session.onu_id) + " UNI)# ";
+}
+
+int send_to_firmware(vty* session, const char* line)
+{
+    return NEP_send_cli_command(session->olt_id, 1, (std::string(line) + "\n").c_str());
+}
+
+void leave_firmware(vty* session)
+{
+    __atomic_store_n(&session->event_notify, session->event_notify_saved, __ATOMIC_RELAXED);
+}
+
+constexpr char FIRMWARE_HELP[] = "exit  Back to the OLT's commands; every other line goes to its firmware, "
+                                 "which answers to \"help\"";
+
+struct Node {
+    const char* name;
+    engine::NodeRules rules;
+};
+
+constexpr int CLOSES = -1;
+
+const Node nodes[] = {
+    {"auth", {AUTH_NODE, CLOSES}},
+    {"view", {VIEW_NODE, CLOSES}},
+    {"velora", {VELORA_NODE, CLOSES}},
+    {"velora_debug", {VELORA_DEBUG_NODE, VELORA_NODE}},
+    {"auth_enable", {AUTH_ENABLE_NODE, VIEW_NODE}},
+    {"enable", {ENABLE_NODE, CLOSES}},
+    {"config", {CONFIG_NODE, ENABLE_NODE}},
+    {"olt", {OLT_NODE, CONFIG_NODE}},
+    {"nep5400_olt", {NEP5400_OLT_NODE, CONFIG_NODE}},
+    {"onu", {ONU_NODE, OLT_NODE, onu_tail}},
+    {"llid", {LLID_NODE, OLT_NODE, llid_tail}},
+    {"nep5400_llid", {NEP5400_LLID_NODE, NEP5400_OLT_NODE, llid_tail}},
+    {"bc_llid", {BC_LLID_NODE, OLT_NODE}},
+    {"nep5400_bc_llid", {NEP5400_BC_LLID_NODE, NEP5400_OLT_NODE}},
+    {"olt_pon", {OLT_PON_NODE, OLT_NODE}},
+    {"nep5400_olt_pon", {NEP5400_OLT_PON_NODE, NEP5400_OLT_NODE}},
+    {"cni", {CNI_NODE, OLT_NODE}},
+    {"nep5400_cni", {NEP5400_CNI_NODE, NEP5400_OLT_NODE}},
+    {"olt_fw_craft", {OLT_FW_CRAFT_NODE, OLT_NODE, nullptr, send_to_firmware, FIRMWARE_HELP, leave_firmware}},
+    {"onu_pon", {ONU_PON_NODE, ONU_NODE, onu_pon_tail}},
+    {"uni", {UNI_NODE, ONU_NODE, uni_tail}},
+    {"dba_internal", {DBA_INTERNAL_NODE, OLT_NODE}},
+    {"dba_vireo4", {DBA_VIREO4_NODE, OLT_NODE}},
+};
+
+} // namespace
+
+void install_node_rules()
+{
+    for (const Node& node : nodes)
+        engine::set_node_rules(node.rules);
+}
+
+const char* node_name(int id)
+{
+    for (const Node& node : nodes) {
+        if (node.rules.node == id) return node.name;
+    }
+    return nullptr;
+}
