@@ -38,9 +38,6 @@ TOOLCHAIN = {"__cxa_finalize", "__gmon_start__", "_ITM_deregisterTMCloneTable", 
 # Arithmetic that 32-bit ARM takes from the compiler's own library, linked in or from libc.
 ARM_ARITHMETIC = re.compile(r"__aeabi_\w+")
 
-# C++ run-time names would mean that something of libstdc++ crept in.
-CPLUSPLUS = re.compile(r"_Z(n|d|St|Ns|TI|TV|NSt|NKSt)\w*|__cxa_(?!finalize)\w+|__gxx_\w+")
-
 
 def tool(*command):
     return subprocess.run(command, check=True, capture_output=True, text=True).stdout
@@ -74,7 +71,7 @@ def findings(library):
         if not ENGINE_AND_SDK.fullmatch(name) and not ARM_ARITHMETIC.fullmatch(name):
             yield f"leaves {name} undefined"
     for name in symbols(library, "--defined-only"):
-        if name.startswith("_Z") or CPLUSPLUS.fullmatch(name):
+        if name.startswith("_Z"):
             yield f"exports {name}, a C++ name"
         if ENGINE_AND_SDK.fullmatch(name) and not OWN.fullmatch(name):
             yield f"defines {name}, which is the engine's or the SDK's"

@@ -11,6 +11,7 @@ import difflib
 import os
 import re
 import sys
+import tempfile
 import time
 
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "harness"))
@@ -50,21 +51,19 @@ class Replay:
                 continue
             if self.stream is None:
                 self.open("1", "tcp")
-                if self.record and isinstance(element, Typed):
-                    self.expect([], element)
             run = []
             while index < len(self.elements) and isinstance(self.elements[index], Printed):
                 run.append(self.elements[index])
                 index += 1
             following = self.elements[index] if index < len(self.elements) else None
-            if run:
+            if run or self.record:
                 self.expect(run, following)
             if isinstance(following, Typed):
                 index += 1
                 self.type(following)
-                following = self.elements[index] if index < len(self.elements) else None
-                if self.record and not isinstance(following, Printed):
-                    self.expect([], following)
+                after = self.elements[index] if index < len(self.elements) else None
+                if self.record and (after is None or isinstance(after, Remark)):
+                    self.expect([], after)
         self.expect_silence()
 
     # --- Directives --------------------------------------------------------------------------------------------
@@ -85,9 +84,13 @@ class Replay:
         elif element.directive == "closed":
             deadline = time.monotonic() + self.timeout
             rest = self.stream.drain(self.timeout, deadline)
-            if rest or not self.stream.closed:
-                self.failed = True
-                self.out += render(rest, True) + "\n# (the session was not closed)\n"
+            self.failed = self.failed or bool(rest) or not self.stream.closed
+            if rest:
+                self.out = self.out.removesuffix(element.source)
+                self.show(rest, False)
+                self.out += element.source
+            if not self.stream.closed:
+                self.out = self.out.removesuffix(element.source)
             del self.streams[self.name]
             self.stream = None
 
@@ -212,6 +215,7 @@ def replay(path, arguments):
     with open(path, encoding="utf-8") as file:
         text = file.read()
     elements = parse(text, os.path.relpath(path, REPOSITORY))
+    expected = "".join(element.source for element in elements)
     with HostProcess(arguments.host, host_options(elements)) as host:
         run = Replay(elements, host, arguments.record)
         run.run()
@@ -226,8 +230,8 @@ def replay(path, arguments):
     actual = os.path.join(arguments.actual_dir, os.path.basename(path) + ".actual")
     with open(actual, "w", encoding="utf-8") as file:
         file.write(run.out)
-    sys.stdout.writelines(difflib.unified_diff(text.splitlines(True), run.out.splitlines(True), path, actual))
-    if run.out == text:
+    sys.stdout.writelines(difflib.unified_diff(expected.splitlines(True), run.out.splitlines(True), path, actual))
+    if run.out == expected:
         print(f"{path}: the console went on, or ended, where the transcript does not show it")
     return False
 
@@ -237,7 +241,8 @@ def main():
     parser.add_argument("files", nargs="+", metavar="FILE")
     parser.add_argument("--host", default=DEFAULT_PROGRAM, help="the epon-host program (build/bin/epon-host)")
     parser.add_argument("--record", action="store_true", help="write what comes back into the files")
-    parser.add_argument("--actual-dir", default=".", help="where FILE.actual goes when a transcript differs (.)")
+    parser.add_argument("--actual-dir", default=tempfile.gettempdir(),
+                        help="where FILE.actual goes when a transcript differs (the folder for temporary files)")
     arguments = parser.parse_args()
     good = True
     for path in arguments.files:

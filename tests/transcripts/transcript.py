@@ -13,8 +13,9 @@ A transcript reads like the screen. Typed text stands in braces, everything else
 Typed text
   {enable}     typed and echoed; braces at the end of a line include the Enter key and its line end
   {!secret}    typed and not echoed (passwords)
-  {sh<TAB>}    keys are written <NAME>; they have no echo of their own, so what they bring follows as printed text.
-               After a key at the end of a line no Enter is typed; {sh<TAB><CR>} and {} type one.
+  {sh<TAB>}    keys are written <NAME>; they have no echo of their own, so what they bring follows as printed text,
+               and further typed text in braces of its own. After a key at the end of a line no Enter is typed;
+               {<CR>} and {} type one.
   {show ?}     "?" is a key, too
   Keys: <TAB> <CR> <LF> <BS> <DEL> <ESC> <UP> <DOWN> <LEFT> <RIGHT> <HOME> <END> <SPACE> <^A>..<^_> <0x00>..<0xff>
 
@@ -68,7 +69,7 @@ class Printed:
 
 @dataclass
 class Typed:
-    """What one pair of braces holds: (bytes, echoed) pieces; enter: the Enter key follows."""
+    """What one pair of braces holds: (bytes, echoed, key) pieces; enter: the Enter key follows."""
     source: str
     pieces: list
     enter: bool = False
@@ -109,7 +110,7 @@ def text_line(line):
     while position < len(line):
         if line[position] == "{":
             end = closing_brace(line, position)
-            elements.append(typed(line[position:end]))
+            elements += typed(line[position:end])
             position = end
             continue
         start, pattern, literal = position, b"", b""
@@ -166,27 +167,32 @@ def closing_brace(line, position):
 
 
 def typed(source):
-    """Typed text as (bytes, echoed, key) pieces."""
+    """Typed text. What follows a key is typed when the key's answer has come, and so stands in braces of its own."""
     inner = source[1:-1]
-    echoed = not inner.startswith("!")
-    pieces = []
-    position = 0 if echoed else 1
+    hidden = "!" if inner.startswith("!") else ""
+    parts = [Typed("", [])]
+    position = start = len(hidden)
     while position < len(inner):
         if inner[position] == "<":
             end = inner.find(">", position)
             if end < 0:
                 raise TranscriptError("a key is not ended by >")
-            pieces.append((key(inner[position + 1:end]), False, True))
+            piece = (key(inner[position + 1:end]), False, True)
             position = end + 1
         elif inner[position] == "?":
-            pieces.append((b"?", False, True))
+            piece = (b"?", False, True)
             position += 1
         else:
+            before = position
             data, position = character(inner, position)
-            if pieces and not pieces[-1][2]:
-                data = pieces.pop()[0] + data
-            pieces.append((data, echoed, False))
-    return Typed(source, pieces)
+            piece = (data, not hidden, False)
+            if parts[-1].pieces and parts[-1].pieces[-1][2]:
+                parts[-1].source = "{" + hidden + inner[start:before] + "}"
+                parts.append(Typed("", []))
+                start = before
+        parts[-1].pieces.append(piece)
+    parts[-1].source = "{" + hidden + inner[start:] + "}"
+    return parts
 
 
 def key(name):
@@ -214,7 +220,7 @@ def render(data, at_line_start):
 
 
 def escape(line, at_line_start):
-    names = {b"\r": "\\r", b"\n": "\\n", b"\x1b": "\\e", b"\a": "\\a", b"\b": "\\b", b"\t": "\\t", b"{": "\\{",
+    names = {b"\r": "\\r", b"\n": "\\n\\\n", b"\x1b": "\\e", b"\a": "\\a", b"\b": "\\b", b"\t": "\\t", b"{": "\\{",
              b"\\": "\\\\"}
     text = ""
     for letter in line.decode("utf-8", "surrogateescape"):
