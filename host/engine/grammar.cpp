@@ -184,6 +184,7 @@ struct Parser {
         do {
             at++; // '(' or '|'
             skip_separators();
+            if (!done() && text[at] == '(') break;
             if (!add_form(true)) return false;
             if (is_repeated(first)) tokens.pop_back();
             skip_separators();
