@@ -130,6 +130,11 @@ bool read_olt_id(vty* session, const char* text, int16_t* olt_id)
     return read_number(session, text, signed_16("OLT_id"), olt_id);
 }
 
+bool read_llid(vty* session, const char* text, int16_t* llid)
+{
+    return read_number(session, text, signed_16("LLID_INDEX"), llid);
+}
+
 MacResult read_mac(vty* session, const char* text, const char* what, uint8_t mac[6])
 {
     size_t length;
@@ -151,6 +156,25 @@ MacResult read_mac(vty* session, const char* text, const char* what, uint8_t mac
         return MacResult::NotAnAddress;
     }
     return MacResult::Read;
+}
+
+bool read_link_by_mac(vty* session, int16_t olt_id, const char* text, const char* which, int16_t* link, int* result)
+{
+    uint8_t mac[6];
+    switch (read_mac(session, text, "MAC address", mac)) {
+    case MacResult::Read:
+        break;
+    case MacResult::NotAWord:
+        *result = -1;
+        return false;
+    case MacResult::NotAnAddress:
+        *result = 0;
+        return false;
+    }
+    if (Mac_address_exist(olt_id, mac, link) != 0) return true;
+    RBX_vty_out(session, "There is no %s%s mac address in the system%s", which, text, VTY_NEWLINE(session));
+    *result = 0;
+    return false;
 }
 
 } // namespace epon

@@ -84,12 +84,19 @@ const char* word_of(const WordTable& table, int32_t value);
 // An OLT index. Whether that OLT exists is left to the SDK.
 bool read_olt_id(vty* session, const char* text, int16_t* olt_id);
 
+// A link's index, by the same rule.
+bool read_llid(vty* session, const char* text, int16_t* llid);
+
 enum { MAC_TEXT_LENGTH = 17 }; // "AA-BB-CC-DD-EE-FF"
 
 enum class MacResult { Read, NotAWord, NotAnAddress };
 
 // A MAC address; what names it in the refusal of a malformed one ("MAC address"). The text itself stays as typed.
 MacResult read_mac(vty* session, const char* text, const char* what, uint8_t mac[6]);
+
+// The link that belongs to an ONU's MAC address on an OLT. On false the refusal is printed, naming the address as
+// typed, and *result is what the handler returns. which begins the line about an unknown address ("" or "ONU with ").
+bool read_link_by_mac(vty* session, int16_t olt_id, const char* text, const char* which, int16_t* link, int* result);
 
 // The arguments of a command with a global form, which begins with an OLT index, and a short form, which takes the OLT
 // from the session. The forms differ in their number of arguments.
