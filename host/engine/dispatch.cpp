@@ -116,7 +116,7 @@ Outcome run_line(Session& session, std::string_view line)
         match.error_word = 0;
         match.reason.clear();
     }
-    Outcome outcome{match.status};
+    Outcome outcome{match.status, 0, match.element};
     switch (match.status) {
     case MatchStatus::Matched: {
         session.buf = match.line.c_str();

@@ -69,8 +69,9 @@ void stop();
 // --- Sessions without a connection, for tests and scripts ---------------------------------------------------------
 
 struct Outcome {
-    MatchStatus status; // Matched when a handler ran
-    int result = 0;     // what it returned
+    MatchStatus status;                   // Matched when a handler ran
+    int result = 0;                       // what it returned
+    const cmd_element* element = nullptr; // the command that ran
 };
 
 // A session in the view node whose output is kept; no prompt, no echo. The calling thread acts as console thread.

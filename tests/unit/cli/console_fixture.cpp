@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "console_fixture.h"
 
+#include <set>
+
 #include "host/node_rules.h"
 
 namespace {
@@ -20,6 +22,32 @@ void activate_once()
     }();
     ASSERT_TRUE(is_active);
 }
+
+std::set<std::string>& executed()
+{
+    static std::set<std::string> commands;
+    return commands;
+}
+
+std::string command_in_node(int node, const cmd_element& element)
+{
+    return std::string(node_name(node)) + " " + element.string;
+}
+
+// Proves at the end of a whole run that no installed command was left out.
+class Walk : public ::testing::Environment {
+  public:
+    void TearDown() override
+    {
+        if (::testing::GTEST_FLAG(filter) != "*") return; // part of the suite proves nothing about all commands
+        engine::for_each_element(engine::Origin::Library, [](int node, const cmd_element& element) {
+            EXPECT_TRUE(executed().contains(command_in_node(node, element)))
+                << "never executed: " << command_in_node(node, element);
+        });
+    }
+};
+
+[[maybe_unused]] const auto* const walk = ::testing::AddGlobalTestEnvironment(new Walk);
 
 } // namespace
 
@@ -42,7 +70,9 @@ Console::~Console()
 
 std::string Console::type(std::string_view line)
 {
+    const int node = session->node;
     const engine::Outcome outcome = engine::execute(session, line);
+    if (outcome.element != nullptr) executed().insert(command_in_node(node, *outcome.element));
     status = outcome.status;
     result = outcome.result;
     return engine::take_output(session);
