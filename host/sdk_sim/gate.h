@@ -109,6 +109,10 @@ inline OctetsValue as_octets(const std::uint8_t* data, std::size_t count)
 {
     return {data, count};
 }
+inline OctetsResult as_octets(std::uint8_t* data, std::size_t count)
+{
+    return {data, count};
+}
 
 // --- The gate ----------------------------------------------------------------------------------------------------
 

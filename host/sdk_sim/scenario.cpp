@@ -43,7 +43,7 @@ Mac add_to_mac(const Mac& mac, std::uint64_t steps)
     return sum;
 }
 
-// "index = 3" for one device, "first = 0" and "count = 255" for several.
+// "id = 3" for one device, "first = 0" and "count = 255" for several.
 struct IndexRange {
     int first = 0;
     int count = 1;
@@ -52,11 +52,11 @@ struct IndexRange {
 IndexRange read_range(ScenarioReader& reader, int limit)
 {
     IndexRange range;
-    if (reader.has("index") == reader.has("first")) {
-        reader.refuse("index", "a number, or first and count");
+    if (reader.has("id") == reader.has("first")) {
+        reader.refuse("id", "a number, or first and count");
         return range;
     }
-    reader.number(reader.has("index") ? "index" : "first", 0, limit - 1, &range.first);
+    reader.number(reader.has("id") ? "id" : "first", 0, limit - 1, &range.first);
     if (reader.has("first")) reader.number("count", 1, limit - range.first, &range.count);
     return range;
 }
@@ -90,7 +90,7 @@ void read_onus(ScenarioReader& reader, Olt* olt)
             copy.mac = add_to_mac(onu.mac, static_cast<std::uint64_t>(i));
             const std::int16_t id = copy.id;
             if (!olt->onus.emplace(id, std::move(copy)).second)
-                onu_reader.refuse(onu_reader.has("index") ? "index" : "first",
+                onu_reader.refuse(onu_reader.has("id") ? "id" : "first",
                                   "an ONU that is not described twice, and " + std::to_string(id) + " is");
         }
         onu_reader.finish();
@@ -166,7 +166,7 @@ void read_olts(ScenarioReader& reader, Network* network)
         for (int i = 0; i < range.count; ++i) {
             Olt& place = network->olts[range.first + i];
             if (place.is_known)
-                olt_reader.refuse(olt_reader.has("index") ? "index" : "first",
+                olt_reader.refuse(olt_reader.has("id") ? "id" : "first",
                                   "an OLT that is not described twice, and " + std::to_string(place.id) + " is");
             const std::int16_t id = place.id;
             place = olt;

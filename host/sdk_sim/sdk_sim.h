@@ -43,8 +43,8 @@ bool set_log(const std::string& path, std::string* error);
 // Every call since the last one of this function, as "NEP_set_mpcp_timeout(0, 300) = 0". Kept only while recording.
 void record_journal(bool on);
 std::vector<std::string> take_journal();
-// Entries of NEPLOG_print since the last call, as "topic|module|olt|onu|text", without the line end of the text. Kept
-// only while recording.
+// Entries of NEPLOG_print since the last call, as "topic|module|olt|onu|text", the text with its line end. Kept only
+// while recording.
 std::vector<std::string> take_log();
 
 // --- Faults ------------------------------------------------------------------------------------------------------

@@ -90,4 +90,9 @@ void append_value(std::string* line, OctetsValue value)
         append_octets(line, value.octets, value.count);
 }
 
+void append_value(std::string* line, OctetsResult value)
+{
+    append_value(line, OctetsValue{value.octets, value.count});
+}
+
 } // namespace sdk_sim

@@ -68,6 +68,10 @@ struct OctetsValue {
     const std::uint8_t* octets;
     std::size_t count;
 };
+struct OctetsResult {
+    std::uint8_t* octets;
+    std::size_t count;
+};
 
 // --- To text -----------------------------------------------------------------------------------------------------
 
@@ -76,6 +80,7 @@ void append_value(std::string* line, MacResult value);
 void append_value(std::string* line, TextValue value);
 void append_value(std::string* line, TextResult value);
 void append_value(std::string* line, OctetsValue value);
+void append_value(std::string* line, OctetsResult value);
 
 template <class Number>
 requires std::is_arithmetic_v<Number> || std::is_enum_v<Number>
@@ -169,6 +174,15 @@ inline bool is_null(const TextResult& value)
 {
     return value.buffer == nullptr;
 }
+// No octets need no address.
+inline bool is_null(const OctetsValue& value)
+{
+    return value.octets == nullptr && value.count != 0;
+}
+inline bool is_null(const OctetsResult& value)
+{
+    return value.octets == nullptr && value.count != 0;
+}
 
 template <class Value>
 void clear_result(Value* value)
@@ -182,6 +196,10 @@ inline void clear_result(const MacResult& value)
 inline void clear_result(const TextResult& value)
 {
     if (value.buffer != nullptr) value.buffer[0] = '\0';
+}
+inline void clear_result(const OctetsResult& value)
+{
+    if (value.octets != nullptr) std::memset(value.octets, 0, value.count);
 }
 
 } // namespace sdk_sim

@@ -1,0 +1,174 @@
+// SPDX-License-Identifier: Apache-2.0
+// Faults, events and power failures of the simulated network, as commands.
+#include "host/simulate.h"
+
+#include <charconv>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include <epon/cli.h>
+
+#include "host/engine/engine_host.h"
+#include "host/sdk_sim/sdk_sim.h"
+
+namespace {
+
+void print_line(vty* session, const std::string& line)
+{
+    RBX_vty_out(session, "%s%s", line.c_str(), VTY_NEWLINE(session));
+}
+
+int refuse(vty* session, const std::string& reason)
+{
+    print_line(session, "% " + reason);
+    return -1;
+}
+
+// The engine admits decimal numbers of the command's range only.
+template <class Number>
+Number number(std::string_view word)
+{
+    Number value{};
+    std::from_chars(word.data(), word.data() + word.size(), value);
+    return value;
+}
+
+// --- Faults ------------------------------------------------------------------------------------------------------
+
+// operation, code, count and, in the longer form, delay
+int simulate_fault(cmd_element*, vty* session, int argc, char** argv)
+{
+    sdk_sim::Fault fault;
+    fault.operation = argv[0];
+    fault.code = number<std::int16_t>(argv[1]);
+    fault.count = number<std::uint32_t>(argv[2]);
+    if (argc == 4) fault.delay_ms = number<std::uint32_t>(argv[3]);
+    if (sdk_sim::inject(fault)) return 0;
+    return refuse(session, "There is no operation \"" + fault.operation + "\"; see \"show simulate operations\"");
+}
+
+int no_simulate_faults(cmd_element*, vty*, int, char**)
+{
+    sdk_sim::clear_faults();
+    return 0;
+}
+
+int show_simulate_faults(cmd_element*, vty* session, int, char**)
+{
+    const std::vector<sdk_sim::Fault> faults = sdk_sim::faults();
+    if (faults.empty()) print_line(session, "No faults are waiting.");
+    for (const sdk_sim::Fault& fault : faults) {
+        std::string line = fault.operation + ": code " + std::to_string(fault.code) + ", count " +
+                           std::to_string(fault.count) + ", delay " + std::to_string(fault.delay_ms) + " ms";
+        if (fault.skip != 0) line += ", after " + std::to_string(fault.skip) + " calls that pass";
+        if (fault.after) line += ", the call is carried out";
+        print_line(session, line);
+    }
+    return 0;
+}
+
+int show_simulate_operations(cmd_element*, vty* session, int, char**)
+{
+    for (const std::string& operation : sdk_sim::operations())
+        print_line(session, operation);
+    return 0;
+}
+
+// --- Events ------------------------------------------------------------------------------------------------------
+
+// kind, OLT and, in the longer form, the values
+int simulate_event(cmd_element*, vty* session, int argc, char** argv)
+{
+    for (const sdk_sim::EventDescription& event : sdk_sim::event_descriptions()) {
+        if (event.name != argv[0]) continue;
+        std::string error;
+        const auto olt_id = number<std::int16_t>(argv[1]);
+        return sdk_sim::raise_event(event.kind, olt_id, argc == 3 ? argv[2] : "", &error) ? 0 : refuse(session, error);
+    }
+    return refuse(session, std::string("There is no event \"") + argv[0] + "\"");
+}
+
+int show_simulate_events(cmd_element*, vty* session, int, char**)
+{
+    for (const sdk_sim::EventDescription& event : sdk_sim::event_descriptions()) {
+        print_line(session, event.name);
+        for (const sdk_sim::EventField& field : event.fields)
+            print_line(session, "  " + field.name + ": " + field.meaning);
+    }
+    return 0;
+}
+
+// --- OLTs --------------------------------------------------------------------------------------------------------
+
+int simulate_olt(cmd_element*, vty* session, int, char** argv)
+{
+    const auto olt_id = number<std::int16_t>(argv[0]);
+    if (argv[1] == std::string_view("remove"))
+        return sdk_sim::remove_olt(olt_id) ? 0 : refuse(session, "OLT " + std::to_string(olt_id) + " is not present");
+    if (sdk_sim::return_olt(olt_id)) return 0;
+    return refuse(session, "OLT " + std::to_string(olt_id) + " is present already, or not part of this network");
+}
+
+// --- Commands ----------------------------------------------------------------------------------------------------
+
+constexpr cmd_element command(const char* grammar, cmd_handler* handler, const char* help)
+{
+    return {grammar, handler, help, 0, nullptr, 0, nullptr, nullptr, 0};
+}
+
+#define SIMULATE_HELP "Drive the simulated network\n"
+#define FAULT_HELP                                                                                                     \
+    SIMULATE_HELP                                                                                                      \
+    "Make an operation of the SDK fail\n"                                                                              \
+    "Name of the operation, as \"show simulate operations\" lists it\n"                                                \
+    "What the operation returns\n"                                                                                     \
+    "Return code, -32768 to 32767; it returns 0 without doing its work, too\n"                                         \
+    "For how many calls\n"                                                                                             \
+    "Number of calls, 1 to 1000000\n"
+#define EVENT_KINDS                                                                                                    \
+    "(ethernet-frame-received|onu-registered|onu-deregistered|onu-registration-refused|alarm|link-test-completed|"     \
+    "loopback-changed|self-test-completed|onu-authorization-changed|oam-frame-received|oam-link-changed|"              \
+    "oam-errors-reported|encryption-changed|encryption-key-updated|olt-state-changed|dba-state-changed|"               \
+    "dba-sla-refused|cni-link-changed|pon-signal-changed|optical-module-changed|duplicate-mac-address|mac-migrated|"   \
+    "address-table-full|multicast-group-changed|protection-switched|xaui-switched-over|reference-clock-changed|"       \
+    "time-of-day-changed|firmware-download-progress|rogue-onu-detected|mka-state-changed|mka-key-installed|"           \
+    "packet-number-threshold|gpio-changed|uart-data-received|otdr-measured|flood-detected|received-power-measured)"
+#define EVENT_HELP                                                                                                     \
+    SIMULATE_HELP                                                                                                      \
+    "Raise an event of the SDK; the network itself stays as it is\n"                                                   \
+    "Kind of the event; \"show simulate events\" tells its fields\n"                                                   \
+    "The OLT that the event comes from\n"                                                                              \
+    "Index of the OLT, 0 to 15\n"
+
+cmd_element commands[] = {
+    command("simulate fault OPERATION code <-32768-32767> count <1-1000000>", simulate_fault, FAULT_HELP),
+    command("simulate fault OPERATION code <-32768-32767> count <1-1000000> delay <0-60000>", simulate_fault,
+            FAULT_HELP "Time that each of these calls takes\n"
+                       "Milliseconds, 0 to 60000; the console waits for it\n"),
+    command("no simulate faults", no_simulate_faults,
+            "Take something back\n" SIMULATE_HELP "Faults that are waiting\n"),
+    command("show simulate faults", show_simulate_faults,
+            "Show something\n" SIMULATE_HELP "Faults that are waiting, with what is left of their counts\n"),
+    command("show simulate operations", show_simulate_operations,
+            "Show something\n" SIMULATE_HELP "Names of the SDK's operations\n"),
+    command("simulate event " EVENT_KINDS " olt <0-15>", simulate_event, EVENT_HELP),
+    command("simulate event " EVENT_KINDS " olt <0-15> values VALUES", simulate_event,
+            EVENT_HELP "What the event tells\n"
+                       "field=value,field=value without blanks; a field that is left out is 0\n"),
+    command("show simulate events", show_simulate_events,
+            "Show something\n" SIMULATE_HELP "Kinds of events and their fields\n"),
+    command("simulate olt <0-15> (remove|return)", simulate_olt,
+            SIMULATE_HELP "Take an OLT away, or bring it back\n"
+                          "Index of the OLT, 0 to 15\n"
+                          "remove: as a power failure would; return: power is back, settings are as they were\n"),
+};
+
+} // namespace
+
+void install_simulate_commands()
+{
+    for (const int node : {ENABLE_NODE, CONFIG_NODE})
+        for (cmd_element& element : commands)
+            engine::install_host_element(node, &element);
+}
