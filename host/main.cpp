@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 // epon-host: the command library on our own engine and a simulated network.
+#include <chrono>
 #include <csignal>
 #include <cstdio>
 #include <iostream>
 #include <string>
+#include <thread>
 
 #include <CLI/CLI.hpp>
 
@@ -108,6 +110,9 @@ int main(int argc, char** argv)
         return std::cout ? 0 : 1;
     }
     sdk_sim::start();
+    // The console thread opens its doors in its own time.
+    while (engine::served_at().empty())
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
     std::cout << "epon-host: console on " << engine::served_at() << std::endl;
 
     int signal;
