@@ -52,11 +52,13 @@ bool scan_word(const char** text, size_t* length)
 
 constexpr Word enable_disable_words[] = {{"enable", 1}, {"disable", 0}};
 constexpr Word enable_disable_capital_words[] = {{"Enable", 1}, {"Disable", 0}};
+constexpr Word true_false_words[] = {{"true", 1}, {"false", 0}};
 
 } // namespace
 
 constinit const WordTable enable_disable = {"enable_disable", enable_disable_words, true};
 constinit const WordTable enable_disable_capital = {"enable_disable", enable_disable_capital_words};
+constinit const WordTable true_false = {"true_false", true_false_words, true};
 
 bool read_number(vty* session, const char* text, const NumberRule& rule, int64_t* value)
 {

@@ -72,6 +72,7 @@ struct WordTable {
 
 extern const WordTable enable_disable;         // "enable" 1, "disable" 0
 extern const WordTable enable_disable_capital; // the same as listings print it
+extern const WordTable true_false;             // "true" 1, "false" 0
 
 // The first equal word of the table wins.
 bool read_word(vty* session, const char* text, const char* name, const WordTable& table, int32_t* value);
