@@ -105,8 +105,9 @@ void LineEditor::reset()
 LineEditor::Fed LineEditor::feed(std::string_view bytes, std::string* echo)
 {
     std::size_t i = 0;
+    const std::size_t stretch_end = echo->size() + ECHO_STRETCH;
     while (i < bytes.size()) {
-        if (echo->size() >= ECHO_STRETCH) return {i, Action::None};
+        if (echo->size() >= stretch_end) return {i, Action::None};
         auto byte = static_cast<unsigned char>(bytes[i]);
         if (after_cr) {
             after_cr = false;

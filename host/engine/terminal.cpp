@@ -209,9 +209,15 @@ void receive(Session& session)
 // Gives connection and record back.
 void release(Session& session)
 {
-    // What the client still sent must not become a reset that destroys the last lines on their way to it.
-    char rest[4096];
-    for (int i = 0; i < 256 && recv(session.fd, rest, sizeof rest, MSG_DONTWAIT) > 0; ++i) {
+    if (session.cut_off) {
+        // The system forgets at once what the client did not take.
+        linger at_once{1, 0};
+        setsockopt(session.fd, SOL_SOCKET, SO_LINGER, &at_once, sizeof at_once);
+    } else {
+        // What the client still sent must not become a reset that destroys the last lines on their way to it.
+        char rest[4096];
+        for (int i = 0; i < 256 && recv(session.fd, rest, sizeof rest, MSG_DONTWAIT) > 0; ++i) {
+        }
     }
     unwatch(session.fd);
     close(session.fd);
