@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <initializer_list>
 
+#include "olt/llid.h"
 #include "olt/olt.h"
 
 void CLI_OLT_cmd_init()
@@ -12,6 +13,7 @@ void CLI_OLT_cmd_init()
     epon::install_olt_parameters();
     epon::install_olt_version();
     epon::install_olt_reset();
+    epon::install_llid_node();
     CLI_mode1_cmd_init();
     for (const int node : {OLT_NODE, NEP5400_OLT_NODE, LLID_NODE, NEP5400_LLID_NODE, BC_LLID_NODE, NEP5400_BC_LLID_NODE,
                            OLT_PON_NODE, NEP5400_OLT_PON_NODE, CNI_NODE, NEP5400_CNI_NODE, OLT_FW_CRAFT_NODE}) {

@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "links_fixture.h"
+
+#include <algorithm>
+#include <iterator>
+
+EventLines::EventLines(vty* listener) : session(listener)
+{
+    EXPECT_EQ(CLI_initialization(), 0);
+    session->event_notify = 1;
+    sdk_sim::start();
+}
+
+EventLines::~EventLines()
+{
+    sdk_sim::stop();
+    EXPECT_EQ(CLI_termination(), 0);
+    std::fill(std::begin(cli_handler_id_array), std::end(cli_handler_id_array), uint16_t{0});
+    session->event_notify = 0;
+}
+
+std::string EventLines::after(uint64_t milliseconds)
+{
+    sdk_sim::advance_clock(milliseconds);
+    sdk_sim::drain_events();
+    return engine::take_output(session);
+}
