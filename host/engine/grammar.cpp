@@ -157,7 +157,7 @@ struct Parser {
         std::string_view form = read_form();
         if (form.empty()) return refuse(in_group ? "an alternative is empty" : "a word is missing");
         if (form.size() > MAX_FORM) return refuse("a word is too long");
-        WordKind kind;
+        WordKind kind = WordKind::Keyword;
         if (const char* wrong = classify(form, &kind)) return refuse(wrong, form);
         Token token{};
         token.offset = static_cast<std::uint16_t>(begin);
