@@ -74,7 +74,8 @@ struct Outcome {
     const cmd_element* element = nullptr; // the command that ran
 };
 
-// A session in the view node whose output is kept; no prompt, no echo. The calling thread acts as console thread.
+// A session in the view node whose output is kept; no prompt, no echo. The calling thread acts as console thread: no
+// other thread may run commands at the same time. Null when the pool is empty.
 vty* open_memory_session(int type = VTY_TYPE_TERMINAL);
 // Runs one line as if it had been typed.
 Outcome execute(vty* session, std::string_view line);

@@ -99,9 +99,6 @@ void Telnet::handle(const telnet_event_t& event)
     case TELNET_EV_COMPRESS:
         broken = "compressed telnet is not served"; // a few bytes could unpack to gigabytes
         break;
-    case TELNET_EV_WARNING:
-        if (event.error.errcode == TELNET_EOVERFLOW) broken = "telnet subnegotiation too long";
-        break;
     case TELNET_EV_ERROR:
         broken = "telnet protocol error";
         break;
