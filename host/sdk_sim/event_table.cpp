@@ -381,7 +381,8 @@ bool read_values(const EventRow& row, std::string_view values, QueuedEvent* queu
             names += candidate.name;
         }
         if (field == nullptr) {
-            *error = std::string(row.name) + " has no field \"" + name + "\"; it has " + names;
+            *error = row.name;
+            error->append(" has no field \"").append(name).append("\"; it has ").append(names);
             return false;
         }
         const char* expected = field->assign(queued->record, assignment.substr(equals + 1), &queued->octets);

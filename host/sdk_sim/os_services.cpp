@@ -52,7 +52,7 @@ int16_t OSSRV_create_thread(const char* name, void* (*entry)(void*), void* argum
         const int refused = pthread_create(&created, &attributes, run_thread, start.get());
         pthread_attr_destroy(&attributes);
         if (refused != 0) return NO_RESOURCES;
-        start.release(); // the thread's own now
+        static_cast<void>(start.release()); // the thread's own now
         return SUCCESS;
     });
 }
