@@ -234,6 +234,15 @@ TEST(CommandTree, NeverGuessesBetweenEqualMeanings)
     EXPECT_EQ(meaning(commands.run("do o of")), "ambiguous: one, only");
 }
 
+TEST(CommandTree, SaysWhyOnlyWhenItIsShort)
+{
+    Commands commands{"a <0-1> x", "a <2-3> y", "a <4-5> z", "b <0-1>", "b other"};
+    EXPECT_EQ(meaning(commands.run("a 6")), "unknown 1: not in the range 0-1 or 2-3 or 4-5");
+    EXPECT_EQ(meaning(commands.run("b 6")), "unknown 1");
+    commands.add("a <6-7>");
+    EXPECT_EQ(meaning(commands.run("a 8")), "unknown 1");
+}
+
 TEST(CommandTree, AlternativesOfOneGroupAreNotCommandsOfTheirOwn)
 {
     Commands commands{"set (enable|enabled|<0-9>|<5-20>|NAME) end", "set (enable|enabled|<0-9>|<5-20>|NAME) more"};
