@@ -157,7 +157,7 @@ EPON_CLI_API void REMOTE_MANAGEMENT_CLI_sxg_cmd_init(void);
 /* Line end of a session's output. */
 static inline const char* VTY_NEWLINE(const vty* session)
 {
-    return session == 0 || session->type == VTY_TYPE_TERMINAL ? "\r\n" : "\n";
+    return !session || session->type == VTY_TYPE_TERMINAL ? "\r\n" : "\n";
 }
 
 /* Prints to a session, or to the SDK log when session is null. Bytes queued; 0 for the log. Any thread. */
