@@ -2,7 +2,8 @@
 // The commands that every node has, and those that lead from the view node to the configuration node.
 #include <algorithm>
 #include <atomic>
-#include <iterator>
+#include <string>
+#include <vector>
 
 #include "host/engine/dispatch.h"
 #include "host/engine/nodes.h"
@@ -59,14 +60,27 @@ int show_help(cmd_element*, vty* session, int, char**)
     return 0;
 }
 
+// A grammar as it is read, without the tabs and runs of blanks that its text may hold.
+std::string readable(std::string_view grammar)
+{
+    std::string text;
+    for (char c : grammar)
+        if (c != ' ' && c != '\t')
+            text += c;
+        else if (!text.empty() && text.back() != ' ')
+            text += ' ';
+    return text;
+}
+
 int list_commands(cmd_element*, vty* session, int, char**)
 {
     const Node* node = find_node(session->node);
-    std::vector<std::string_view> grammars;
+    std::vector<std::string> grammars;
     if (node != nullptr)
-        node->commands.for_each([&](const cmd_element& element, Origin) { grammars.emplace_back(element.string); });
+        node->commands.for_each(
+            [&](const cmd_element& element, Origin) { grammars.push_back(readable(element.string)); });
     std::sort(grammars.begin(), grammars.end());
-    for (std::string_view grammar : grammars)
+    for (const std::string& grammar : grammars)
         print_line(*session_of(session), grammar);
     return 0;
 }

@@ -7,6 +7,7 @@
 
 #include <crypt.h>
 #include <fcntl.h>
+#include <sys/resource.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
@@ -251,6 +252,27 @@ TEST_F(ServerTest, TurnsClientsAwayWhenFull)
     Client next;
     next.connect_tcp(server.port());
     next.until("LAB> ");
+}
+
+TEST_F(ServerTest, TurnsClientsAwayWithoutDescriptors)
+{
+    testing::internal::CaptureStderr();
+    rlimit usual{};
+    ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &usual), 0);
+    int next = dup(STDIN_FILENO);
+    close(next);
+    rlimit tight = usual;
+    tight.rlim_cur = static_cast<rlim_t>(next) + 1; // one more, for the client's own end
+    ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &tight), 0);
+    for (int i = 0; i < 3; ++i) {
+        Client client;
+        client.connect_tcp(server.port());
+        EXPECT_EQ(client.rest(), "");
+    }
+    setrlimit(RLIMIT_NOFILE, &usual);
+    Client client;
+    connect(client);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "epon: out of descriptors: a client was turned away\n");
 }
 
 TEST_F(ServerTest, ShowsEventsAboveTheTypedLine)
