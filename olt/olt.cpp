@@ -1,8 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <initializer_list>
 
+#include "olt/gpio.h"
+#include "olt/i2c_register.h"
+#include "olt/led.h"
 #include "olt/llid.h"
+#include "olt/mdio.h"
 #include "olt/olt.h"
+#include "olt/post_mortem.h"
+#include "olt/self_test.h"
+#include "olt/uart.h"
 
 void CLI_OLT_cmd_init()
 {
@@ -14,6 +21,13 @@ void CLI_OLT_cmd_init()
     epon::install_olt_version();
     epon::install_olt_reset();
     epon::install_llid_node();
+    epon::install_gpio();
+    epon::install_i2c_register();
+    epon::install_led();
+    epon::install_mdio();
+    epon::install_post_mortem();
+    epon::install_self_test();
+    epon::install_uart();
     CLI_mode1_cmd_init();
     for (const int node : {OLT_NODE, NEP5400_OLT_NODE, LLID_NODE, NEP5400_LLID_NODE, BC_LLID_NODE, NEP5400_BC_LLID_NODE,
                            OLT_PON_NODE, NEP5400_OLT_PON_NODE, CNI_NODE, NEP5400_CNI_NODE, OLT_FW_CRAFT_NODE}) {

@@ -15,6 +15,12 @@
 
 #include <epon/sdk.h>
 
+#include "host/sdk_sim/gpio.h"
+#include "host/sdk_sim/i2c_register.h"
+#include "host/sdk_sim/led.h"
+#include "host/sdk_sim/mdio.h"
+#include "host/sdk_sim/self_test.h"
+#include "host/sdk_sim/uart.h"
 #include "host/sdk_sim/xaui_redundancy.h"
 
 namespace sdk_sim {
@@ -55,6 +61,12 @@ struct LoggingTopic {
 struct OltConfiguration {
     OLT_update_parameters parameters{};
     XauiRedundancy xaui_redundancy;
+    Gpio gpio;
+    I2cBuses i2c_buses = fitted_modules();
+    Leds leds{};
+    Mdio mdio;
+    SelfTest self_test;
+    Uart uart;
     std::map<std::int32_t, LoggingTopic> logging; // by topic; a topic that is not listed is off
 };
 

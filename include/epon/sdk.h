@@ -10,9 +10,16 @@
 #define EPON_SDK_H
 
 #include <epon/sdk/events.h>
+#include <epon/sdk/gpio.h>
+#include <epon/sdk/i2c_register.h>
+#include <epon/sdk/led.h>
 #include <epon/sdk/log.h>
+#include <epon/sdk/mdio.h>
 #include <epon/sdk/olt.h>
 #include <epon/sdk/onu.h>
+#include <epon/sdk/post_mortem.h>
+#include <epon/sdk/self_test.h>
+#include <epon/sdk/uart.h>
 #include <epon/sdk/xaui_redundancy.h>
 
 #endif
