@@ -96,10 +96,14 @@ struct Grammar {
 // text when the grammar is malformed or its help lines do not match its words; the element is then left as it was.
 const Grammar* grammar_of(cmd_element* element, Origin origin, std::string* error);
 
+// Whether a keyword is a number or a MAC address: the beginning of one is another value, not a short spelling of it.
+bool is_only_typed_in_full(std::string_view form);
+
 inline Fit keyword_fit(std::string_view form, std::string_view word)
 {
     if (word.empty() || !form.starts_with(word)) return Fit::None;
-    return form.size() == word.size() ? Fit::ExactKeyword : Fit::KeywordPrefix;
+    if (form.size() == word.size()) return Fit::ExactKeyword;
+    return is_only_typed_in_full(form) ? Fit::None : Fit::KeywordPrefix;
 }
 
 // The same for variables, ranges and addresses.

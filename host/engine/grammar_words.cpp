@@ -191,6 +191,15 @@ bool read_bounds(std::string_view form, Bounds* bounds)
            bounds->min <= bounds->max;
 }
 
+bool is_only_typed_in_full(std::string_view form)
+{
+    constexpr std::string_view DIGITS = "0123456789";
+    constexpr std::string_view MAC_CHARACTERS = "0123456789abcdefABCDEF-";
+    constexpr std::size_t MAC_LENGTH = 17;
+    if (form.find_first_not_of(DIGITS) == std::string_view::npos) return true;
+    return form.size() == MAC_LENGTH && form[2] == '-' && form.find_first_not_of(MAC_CHARACTERS) == form.npos;
+}
+
 Fit value_fit(WordKind kind, std::string_view form, std::string_view word)
 {
     if (word.empty()) return Fit::None;
