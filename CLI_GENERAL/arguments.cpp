@@ -9,13 +9,18 @@ namespace epon {
 
 namespace {
 
+bool is_hexadecimal(const char* text)
+{
+    return strncmp(text, "0x", 2) == 0;
+}
+
 // Ranges are those of the board, where a long has 32 bits: what does not fit is out of range on every host.
 int64_t convert(const char* text, const char** end)
 {
     char* stop;
     int64_t value;
     errno = 0;
-    if (strncmp(text, "0x", 2) == 0) {
+    if (is_hexadecimal(text)) {
         const unsigned long long number = strtoull(text, &stop, 16);
         if (number > UINT32_MAX) errno = ERANGE;
         value = static_cast<int64_t>(number);
@@ -30,6 +35,23 @@ int64_t convert(const char* text, const char** end)
 bool is_control(char c)
 {
     return static_cast<unsigned char>(c) <= 31;
+}
+
+// Whether errno and where the conversion stopped say that the whole text was a number. If not, its line is printed.
+bool is_converted(vty* session, const char* text, const char* end, const char* name)
+{
+    if (errno != ERANGE && is_control(*end) && !is_control(*text)) return true;
+    RBX_vty_out(session, "Error reading %s parameter for command from input, aborting%s", name, VTY_NEWLINE(session));
+    errno = 0;
+    return false;
+}
+
+bool is_not_negative(vty* session, const char* text, const char* name)
+{
+    if (is_hexadecimal(text) || strchr(text, '-') == nullptr) return true;
+    RBX_vty_out(session, "Error reading negative value of %s parameter from input, aborting%s", name,
+                VTY_NEWLINE(session));
+    return false;
 }
 
 bool is_space(char c)
@@ -64,23 +86,23 @@ bool read_number(vty* session, const char* text, const NumberRule& rule, int64_t
 {
     const char* end;
     const int64_t number = convert(text, &end);
-    if (errno == ERANGE || !is_control(*end) || is_control(*text)) {
-        RBX_vty_out(session, "Error reading %s parameter for command from input, aborting%s", rule.name,
-                    VTY_NEWLINE(session));
-        errno = 0;
-        return false;
-    }
-    const bool is_decimal = strncmp(text, "0x", 2) != 0;
-    if (rule.is_unsigned && is_decimal && strchr(text, '-') != nullptr) {
-        RBX_vty_out(session, "Error reading negative value of %s parameter from input, aborting%s", rule.name,
-                    VTY_NEWLINE(session));
-        return false;
-    }
+    if (!is_converted(session, text, end, rule.name)) return false;
+    if (rule.is_unsigned && !is_not_negative(session, text, rule.name)) return false;
     if (number < rule.min || number > rule.max) {
         RBX_vty_out(session, "Error in range of %s parameter for command from input min:%d max:%d, aborting%s",
                     rule.name, static_cast<int>(rule.min), static_cast<int>(rule.max), VTY_NEWLINE(session));
         return false;
     }
+    *value = number;
+    return true;
+}
+
+bool read_unsigned_64(vty* session, const char* text, const char* name, uint64_t* value)
+{
+    char* end;
+    errno = 0;
+    const unsigned long long number = strtoull(text, &end, is_hexadecimal(text) ? 16 : 10);
+    if (!is_converted(session, text, end, name) || !is_not_negative(session, text, name)) return false;
     *value = number;
     return true;
 }

@@ -53,6 +53,9 @@ bool read_number(vty* session, const char* text, const NumberRule& rule, T* valu
     return true;
 }
 
+// The same for any unsigned value of 64 bits.
+bool read_unsigned_64(vty* session, const char* text, const char* name, uint64_t* value);
+
 // A decimal number whose text the grammar has bounded already; nothing is refused, excess saturates at 32 bits.
 int32_t read_bounded_decimal(const char* text);
 

@@ -1,12 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <initializer_list>
 
+#include "olt/dba_control.h"
+#include "olt/dot1x.h"
 #include "olt/gpio.h"
+#include "olt/grants.h"
 #include "olt/i2c_register.h"
 #include "olt/led.h"
 #include "olt/llid.h"
 #include "olt/mdio.h"
 #include "olt/olt.h"
+#include "olt/olt_loopback.h"
 #include "olt/post_mortem.h"
 #include "olt/self_test.h"
 #include "olt/uart.h"
@@ -28,6 +32,10 @@ void CLI_OLT_cmd_init()
     epon::install_post_mortem();
     epon::install_self_test();
     epon::install_uart();
+    epon::install_dot1x();
+    epon::install_olt_loopback();
+    epon::install_dba_control();
+    epon::install_grants();
     CLI_mode1_cmd_init();
     for (const int node : {OLT_NODE, NEP5400_OLT_NODE, LLID_NODE, NEP5400_LLID_NODE, BC_LLID_NODE, NEP5400_BC_LLID_NODE,
                            OLT_PON_NODE, NEP5400_OLT_PON_NODE, CNI_NODE, NEP5400_CNI_NODE, OLT_FW_CRAFT_NODE}) {

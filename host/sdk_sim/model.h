@@ -15,7 +15,10 @@
 
 #include <epon/sdk.h>
 
+#include "host/sdk_sim/dba_control.h"
+#include "host/sdk_sim/dot1x.h"
 #include "host/sdk_sim/gpio.h"
+#include "host/sdk_sim/grants.h"
 #include "host/sdk_sim/i2c_register.h"
 #include "host/sdk_sim/led.h"
 #include "host/sdk_sim/mdio.h"
@@ -67,6 +70,10 @@ struct OltConfiguration {
     Mdio mdio;
     SelfTest self_test;
     Uart uart;
+    OLT_802_1x_configuration dot1x{};
+    std::int32_t loopback = OLT_LOOPBACK_NONE;
+    DbaControl dba_control;
+    Grants grants;
     std::map<std::int32_t, LoggingTopic> logging; // by topic; a topic that is not listed is off
 };
 

@@ -9,13 +9,17 @@
 #ifndef EPON_SDK_H
 #define EPON_SDK_H
 
+#include <epon/sdk/dba_control.h>
+#include <epon/sdk/dot1x.h>
 #include <epon/sdk/events.h>
 #include <epon/sdk/gpio.h>
+#include <epon/sdk/grants.h>
 #include <epon/sdk/i2c_register.h>
 #include <epon/sdk/led.h>
 #include <epon/sdk/log.h>
 #include <epon/sdk/mdio.h>
 #include <epon/sdk/olt.h>
+#include <epon/sdk/olt_loopback.h>
 #include <epon/sdk/onu.h>
 #include <epon/sdk/post_mortem.h>
 #include <epon/sdk/self_test.h>
