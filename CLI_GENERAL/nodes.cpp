@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// The nodes of the console: where commands live, and what the prompt says there. The two DBA nodes belong to their
-// modules. The prompts of the ONU, LLID, ONU-PON and UNI nodes are completed by the engine.
+// The nodes of the console: where commands live, and what the prompt says there. The two DBA nodes and
+// that of an ONU's own command line belong to their modules. The prompts of the ONU, LLID, ONU-PON and UNI nodes are
+// completed by the engine.
 #include <initializer_list>
 
 #include "CLI_GENERAL/general.h"

@@ -36,9 +36,19 @@ void uni_tail(const vty& session, std::string* prompt)
     *prompt += " " + target(session, session.onu_id) + " UNI)# ";
 }
 
+void onu_cli_tail(const vty& session, std::string* prompt)
+{
+    *prompt += " " + target(session, session.onu_id) + " CLI)# ";
+}
+
 int send_to_firmware(vty* session, const char* line)
 {
     return NEP_send_cli_command(session->olt_id, 1, (std::string(line) + "\n").c_str());
+}
+
+int send_to_onu(vty* session, const char* line)
+{
+    return NEP_send_onu_cli_command(session->olt_id, session->onu_id, 1, (std::string(line) + "\n").c_str());
 }
 
 void leave_firmware(vty* session)
@@ -48,6 +58,8 @@ void leave_firmware(vty* session)
 
 constexpr char FIRMWARE_HELP[] = "exit  Back to the OLT's commands; every other line goes to its firmware, "
                                  "which answers to \"help\"";
+constexpr char ONU_CLI_HELP[] = "exit  Back to the ONU's commands; every other line goes to the ONU, "
+                                "which answers to \"help\"";
 
 struct Node {
     const char* name;
@@ -80,6 +92,7 @@ const Node nodes[] = {
     {"uni", {UNI_NODE, ONU_NODE, uni_tail}},
     {"dba_internal", {DBA_INTERNAL_NODE, OLT_NODE}},
     {"dba_vireo4", {DBA_VIREO4_NODE, OLT_NODE}},
+    {"onu_cli", {ONU_CLI_NODE, ONU_NODE, onu_cli_tail, send_to_onu, ONU_CLI_HELP, leave_firmware}},
 };
 
 } // namespace

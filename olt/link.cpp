@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "olt/link.h"
 
+#include <cstring>
+
 #include "CLI_GENERAL/output.h"
 
 namespace epon {
@@ -60,6 +62,25 @@ bool read_session_onu(vty* session, int16_t* onu_id, int* result)
         return read_link_by_mac(session, session->olt_id, session->onu_mac, "", onu_id, result);
     *onu_id = session->onu_id;
     return true;
+}
+
+bool read_link(vty* session, int argc, char** argv, int16_t* olt_id, int16_t* llid, int* result)
+{
+    *result = -1;
+    if (argc == 0) {
+        *olt_id = session->olt_id;
+        *llid = session->llid;
+        return true;
+    }
+    if (!read_olt_id(session, argv[0], olt_id)) return false;
+    if (argc == 1) {
+        *llid = BROADCAST_LLID;
+        return true;
+    }
+    // The forms with an index and with an address have as many arguments; the keyword tells them apart.
+    if (strstr(session->buf, "llid-mac-address") != nullptr)
+        return read_link_by_mac(session, *olt_id, argv[1], "", llid, result);
+    return read_llid(session, argv[1], llid);
 }
 
 int show_link_value(vty* session, int16_t olt_id, int16_t code, const char* label, const WordTable& words,

@@ -34,6 +34,11 @@ bool can_enter(vty* session, const LinkTerms& terms, int16_t olt_id, int link, i
 // the refusal is printed, and *result is what the handler returns.
 bool read_session_onu(vty* session, int16_t* onu_id, int* result);
 
+// The link of a command with a global form, "... OLT_INDEX LLID_INDEX", "... OLT_INDEX llid-mac-address MAC" or
+// "... OLT_INDEX broadcast-llid", and a short form, which takes OLT and link from the session. On false the refusal is
+// printed, and *result is what the handler returns.
+bool read_link(vty* session, int argc, char** argv, int16_t* olt_id, int16_t* llid, int* result);
+
 // The answer of a command that shows one value of a link: the OLT and the value in words, or the failed call. Returns
 // the code.
 int show_link_value(vty* session, int16_t olt_id, int16_t code, const char* label, const WordTable& words,

@@ -21,7 +21,13 @@
 #include "host/sdk_sim/grants.h"
 #include "host/sdk_sim/i2c_register.h"
 #include "host/sdk_sim/led.h"
+#include "host/sdk_sim/link_test.h"
+#include "host/sdk_sim/llid.h"
+#include "host/sdk_sim/llid_encryption.h"
 #include "host/sdk_sim/mdio.h"
+#include "host/sdk_sim/oam_frames.h"
+#include "host/sdk_sim/onu_firmware.h"
+#include "host/sdk_sim/onu_loopback.h"
 #include "host/sdk_sim/self_test.h"
 #include "host/sdk_sim/uart.h"
 #include "host/sdk_sim/xaui_redundancy.h"
@@ -38,7 +44,14 @@ inline constexpr std::int16_t BROADCAST_ONU = 4095;
 enum class OnuRate : std::int32_t { Rate1G = 0, Rate10G1G = 1, Rate10G = 2 };
 
 // What is set on an ONU, family by family. It goes back to what the scenario says when the ONU loses its registration.
-struct OnuConfiguration {};
+struct OnuConfiguration {
+    LinkState link;
+    LinkEncryption encryption;
+    LinkTest link_test;
+    OamFrames oam_frames;
+    OnuLoopback loopback;
+    OnuDownload download;
+};
 
 struct Onu {
     std::int16_t id = 0; // index of the ONU and of its link
@@ -49,7 +62,9 @@ struct Onu {
     bool is_static = false;
     bool is_warned = false;          // for a mode change
     std::uint32_t rtt = 0;           // time quanta of 16 ns
+    std::uint32_t frame_error_rate = 0; // lost test frames in a million
     std::string name, serial_number; // as the device tells them: any octets
+    OnuImage image;
     OnuConfiguration configuration, initial_configuration;
 };
 

@@ -73,6 +73,7 @@ Onu read_onu(ScenarioReader& reader)
     reader.flag("static", &onu.is_static);
     reader.flag("warned", &onu.is_warned);
     reader.number("rtt", 0, 65534, &onu.rtt);
+    reader.number("frame_error_rate", 0, 1000000, &onu.frame_error_rate);
     reader.text("name", ONU_TEXT_LENGTH, &onu.name);
     reader.text("serial_number", ONU_TEXT_LENGTH, &onu.serial_number);
     onu.initial_configuration = onu.configuration;

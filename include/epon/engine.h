@@ -50,7 +50,8 @@ enum {
     UNI_NODE = 23,
     DBA_INTERNAL_NODE = 24,
     DBA_VIREO4_NODE = 25,
-    NODE_ID_LIMIT = 26 /* one more than the highest node id */
+    ONU_CLI_NODE = 26,
+    NODE_ID_LIMIT = 27 /* one more than the highest node id */
 };
 
 enum { VTY_TYPE_TERMINAL = 0 };  /* vty.type of a terminal session; every other value is a plain byte stream */

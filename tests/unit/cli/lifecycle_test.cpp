@@ -327,6 +327,7 @@ TEST_F(Lifecycle, NodesHaveTheirPrompts)
         {UNI_NODE, "LAB(OLT5 ONU 7 UNI)# "},
         {DBA_INTERNAL_NODE, "LAB(OLT5 DBA(Internal))# "},
         {DBA_VIREO4_NODE, "LAB(OLT5 DBA(Vireo))# "},
+        {ONU_CLI_NODE, "LAB(OLT5 ONU 7 CLI)# "},
     };
     session->onu_id = 7;
     session->llid = 9;

@@ -94,10 +94,10 @@ present = false
     }
 };
 
-// The lines that events print, on an event thread that runs while this lives.
+// The lines that events print on a session of their own, with an event thread that runs while this lives.
 class EventLines {
   public:
-    explicit EventLines(vty* listener);
+    EventLines();
     ~EventLines();
     EventLines(const EventLines&) = delete;
     EventLines& operator=(const EventLines&) = delete;
@@ -106,5 +106,5 @@ class EventLines {
     std::string after(uint64_t milliseconds = 0);
 
   private:
-    vty* session;
+    vty* listener;
 };
