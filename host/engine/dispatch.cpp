@@ -13,12 +13,6 @@ namespace {
 constexpr std::size_t PLAIN_WIDTH = 80;
 constexpr std::size_t CANDIDATES_SHOWN = 20;
 
-constexpr const char* UNKNOWN_COMMAND = "%% Unknown command.%s";
-constexpr const char* UNKNOWN_WORD = "%% Unknown word here: %s.%s";
-constexpr const char* INCOMPLETE_COMMAND = "%% Incomplete command.%s";
-constexpr const char* AMBIGUOUS_COMMAND = "%% Ambiguous command: %s.%s";
-constexpr const char* LINE_TOO_LONG = "%% Line too long (more than %zu characters).%s";
-
 // The words that leave a node whose lines go to the host, spelt in full.
 struct LeaveWord {
     std::string_view word;

@@ -10,6 +10,16 @@
 
 namespace engine {
 
+// What an operator reads when a line is not executed: always one line, "% " at column 0. The two that begin with
+// "Unknown" stand below a caret under the word, unless the line reaches beyond the screen.
+constexpr const char* UNKNOWN_COMMAND = "%% Unknown command.%s";
+constexpr const char* UNKNOWN_WORD = "%% Unknown word here: %s.%s"; // why, as the grammar can tell
+constexpr const char* INCOMPLETE_COMMAND = "%% Incomplete command.%s";
+constexpr const char* AMBIGUOUS_COMMAND = "%% Ambiguous command: %s.%s"; // what it could mean
+constexpr const char* LINE_TOO_LONG = "%% Line too long (more than %zu characters).%s";
+constexpr const char* LINE_REFUSED = "%% Line refused: it holds bytes that are not printable text.%s";
+constexpr const char* NO_HELP = "% No command continues like this."; // for "?"
+
 // Executes one line in the session's node, or prints why not.
 Outcome run_line(Session& session, std::string_view line);
 

@@ -85,7 +85,7 @@ std::string table(const std::vector<Candidate>& entries, std::size_t width, cons
 // Words side by side.
 std::string columns(const std::vector<Candidate>& entries, std::size_t width, const char* end)
 {
-    std::size_t cell = 0;
+    std::size_t cell = GAP;
     for (const Candidate& entry : entries)
         cell = std::max(cell, columns_of(entry.word) + GAP);
     std::size_t per_line = std::max<std::size_t>(1, (width - 1) / cell);
@@ -121,7 +121,7 @@ std::string help_text(const Session& session, std::string_view before_cursor)
         return lines + end;
     }
     std::vector<Candidate> entries = candidates_at(session, position_in(before_cursor));
-    if (entries.empty()) return std::string("% No command continues like this.") + end;
+    if (entries.empty()) return std::string(NO_HELP) + end;
     return table(entries, screen_width(session), end);
 }
 

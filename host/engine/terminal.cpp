@@ -87,9 +87,9 @@ void finish_line(Session& session)
     if (session.node == AUTH_NODE) {
         check_password(session);
     } else if (editor.too_long()) {
-        print(session, "%% Line too long (more than %zu characters).%s", LINE_LIMIT, newline(session));
+        print(session, LINE_TOO_LONG, LINE_LIMIT, newline(session));
     } else if (editor.refused()) {
-        print(session, "%% Line refused: it holds bytes that are not printable text.%s", newline(session));
+        print(session, LINE_REFUSED, newline(session));
     } else {
         std::string line = editor.line();
         run_line(session, line);
