@@ -8,11 +8,14 @@
 #include "olt/i2c_register.h"
 #include "olt/led.h"
 #include "olt/llid.h"
+#include "olt/mac_address_modes.h"
 #include "olt/mdio.h"
+#include "olt/modes.h"
 #include "olt/olt.h"
 #include "olt/olt_loopback.h"
 #include "olt/post_mortem.h"
 #include "olt/self_test.h"
+#include "olt/timeouts.h"
 #include "olt/uart.h"
 
 void CLI_OLT_cmd_init()
@@ -36,6 +39,9 @@ void CLI_OLT_cmd_init()
     epon::install_olt_loopback();
     epon::install_dba_control();
     epon::install_grants();
+    epon::install_olt_modes();
+    epon::install_mac_address_modes();
+    epon::install_timeouts();
     CLI_mode1_cmd_init();
     for (const int node : {OLT_NODE, NEP5400_OLT_NODE, LLID_NODE, NEP5400_LLID_NODE, BC_LLID_NODE, NEP5400_BC_LLID_NODE,
                            OLT_PON_NODE, NEP5400_OLT_PON_NODE, CNI_NODE, NEP5400_CNI_NODE, OLT_FW_CRAFT_NODE}) {

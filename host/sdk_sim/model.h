@@ -26,6 +26,7 @@
 #include "host/sdk_sim/llid_encryption.h"
 #include "host/sdk_sim/mdio.h"
 #include "host/sdk_sim/oam_frames.h"
+#include "host/sdk_sim/olt_settings.h"
 #include "host/sdk_sim/onu_firmware.h"
 #include "host/sdk_sim/onu_loopback.h"
 #include "host/sdk_sim/self_test.h"
@@ -45,6 +46,7 @@ enum class OnuRate : std::int32_t { Rate1G = 0, Rate10G1G = 1, Rate10G = 2 };
 
 // What is set on an ONU, family by family. It goes back to what the scenario says when the ONU loses its registration.
 struct OnuConfiguration {
+    LinkSettings settings;
     LinkState link;
     LinkEncryption encryption;
     LinkTest link_test;
@@ -78,6 +80,7 @@ struct LoggingTopic {
 // What is set on an OLT, family by family. A reset takes it back to what the scenario says.
 struct OltConfiguration {
     OLT_update_parameters parameters{};
+    OltSettings settings;
     XauiRedundancy xaui_redundancy;
     Gpio gpio;
     I2cBuses i2c_buses = fitted_modules();

@@ -24,12 +24,14 @@
 #include <epon/sdk/oam_frames.h>
 #include <epon/sdk/olt.h>
 #include <epon/sdk/olt_loopback.h>
+#include <epon/sdk/olt_modes.h>
 #include <epon/sdk/onu.h>
 #include <epon/sdk/onu_cli.h>
 #include <epon/sdk/onu_firmware.h>
 #include <epon/sdk/onu_loopback.h>
 #include <epon/sdk/post_mortem.h>
 #include <epon/sdk/self_test.h>
+#include <epon/sdk/timeouts.h>
 #include <epon/sdk/uart.h>
 #include <epon/sdk/xaui_redundancy.h>
 
