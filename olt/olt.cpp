@@ -3,6 +3,7 @@
 
 #include "olt/dba_control.h"
 #include "olt/dot1x.h"
+#include "olt/encryption_direction.h"
 #include "olt/gpio.h"
 #include "olt/grants.h"
 #include "olt/i2c_register.h"
@@ -10,11 +11,15 @@
 #include "olt/llid.h"
 #include "olt/mac_address_modes.h"
 #include "olt/mdio.h"
+#include "olt/mng_vlan.h"
 #include "olt/modes.h"
 #include "olt/olt.h"
 #include "olt/olt_loopback.h"
+#include "olt/pon_clock.h"
+#include "olt/pon_transmission.h"
 #include "olt/post_mortem.h"
 #include "olt/self_test.h"
+#include "olt/simple_operation.h"
 #include "olt/timeouts.h"
 #include "olt/uart.h"
 
@@ -42,6 +47,11 @@ void CLI_OLT_cmd_init()
     epon::install_olt_modes();
     epon::install_mac_address_modes();
     epon::install_timeouts();
+    epon::install_mng_vlan();
+    epon::install_pon_clock();
+    epon::install_pon_transmission();
+    epon::install_simple_operation();
+    epon::install_encryption_direction();
     CLI_mode1_cmd_init();
     for (const int node : {OLT_NODE, NEP5400_OLT_NODE, LLID_NODE, NEP5400_LLID_NODE, BC_LLID_NODE, NEP5400_BC_LLID_NODE,
                            OLT_PON_NODE, NEP5400_OLT_PON_NODE, CNI_NODE, NEP5400_CNI_NODE, OLT_FW_CRAFT_NODE}) {

@@ -24,6 +24,7 @@ void copy_mac(std::uint8_t out[6], const Mac& mac)
 void register_onu(Olt& olt, Onu& onu)
 {
     if (counts_as_registered(onu)) return;
+    if (!hears_olt(olt, onu)) return; // no discovery reaches it
     onu.mode = onu.home_mode;
     if (!counts_as_registered(onu)) return;
     OnuRegisteredEvent event{};
@@ -107,19 +108,25 @@ void schedule_alarm(Network& network)
 
 } // namespace
 
+void register_onus(Network& network, const Olt& olt)
+{
+    Milliseconds delay = network.life.registration_time;
+    for (const auto& [id, onu] : olt.onus) {
+        register_onu_after(network, olt, id, delay);
+        delay += network.life.registration_step;
+    }
+}
+
 void start_olt(Network& network, Olt& olt)
 {
     olt.is_present = true;
     olt.started_at = network.now;
     ++olt.start_count;
+    carry_out_pre_init_operations(olt);
     raise_olt_state(olt, OLT_STARTING);
     after(network, olt, network.life.start_time, [](Network& later, Olt& started) {
         raise_olt_state(started, OLT_OPERATIONAL);
-        Milliseconds delay = later.life.registration_time;
-        for (const auto& [id, onu] : started.onus) {
-            register_onu_after(later, started, id, delay);
-            delay += later.life.registration_step;
-        }
+        register_onus(later, started);
     });
 }
 

@@ -13,6 +13,8 @@ enum class DeregistrationReason { Command = 0, MpcpTimeout = 1, OamTimeout = 2, 
 void start_olt(Network& network, Olt& olt);
 // Makes an OLT absent; its ONUs are lost.
 void end_olt(Olt& olt);
+// Lets the ONUs of an OLT register one after the other; those that are registered stay so.
+void register_onus(Network& network, const Olt& olt);
 
 void deregister_onu(Olt& olt, Onu& onu, DeregistrationReason reason);
 

@@ -17,6 +17,7 @@
 
 #include "host/sdk_sim/dba_control.h"
 #include "host/sdk_sim/dot1x.h"
+#include "host/sdk_sim/encryption_direction.h"
 #include "host/sdk_sim/gpio.h"
 #include "host/sdk_sim/grants.h"
 #include "host/sdk_sim/i2c_register.h"
@@ -25,11 +26,15 @@
 #include "host/sdk_sim/llid.h"
 #include "host/sdk_sim/llid_encryption.h"
 #include "host/sdk_sim/mdio.h"
+#include "host/sdk_sim/mng_vlan.h"
 #include "host/sdk_sim/oam_frames.h"
 #include "host/sdk_sim/olt_settings.h"
 #include "host/sdk_sim/onu_firmware.h"
 #include "host/sdk_sim/onu_loopback.h"
+#include "host/sdk_sim/pon_clock.h"
+#include "host/sdk_sim/pon_transmission.h"
 #include "host/sdk_sim/self_test.h"
+#include "host/sdk_sim/simple_operation.h"
 #include "host/sdk_sim/uart.h"
 #include "host/sdk_sim/xaui_redundancy.h"
 
@@ -46,6 +51,7 @@ enum class OnuRate : std::int32_t { Rate1G = 0, Rate10G1G = 1, Rate10G = 2 };
 
 // What is set on an ONU, family by family. It goes back to what the scenario says when the ONU loses its registration.
 struct OnuConfiguration {
+    EncryptionDirection encryption_direction;
     LinkSettings settings;
     LinkState link;
     LinkEncryption encryption;
@@ -80,6 +86,10 @@ struct LoggingTopic {
 // What is set on an OLT, family by family. A reset takes it back to what the scenario says.
 struct OltConfiguration {
     OLT_update_parameters parameters{};
+    SimpleOperations simple_operations;
+    PonTransmission pon_transmission;
+    PonClock pon_clock;
+    MngVlan mng_vlan;
     OltSettings settings;
     XauiRedundancy xaui_redundancy;
     Gpio gpio;
@@ -124,6 +134,7 @@ struct Olt {
     OltDevice device;
     FirmwareConsole firmware_console;
     OltConfiguration configuration, initial_configuration;
+    PreInitOperations pre_init_operations; // wait for its next start
     std::map<std::int16_t, Onu> onus; // by index
 };
 

@@ -150,6 +150,7 @@ Olt read_olt(ScenarioReader& reader)
     read_table(reader, "device", read_device, &olt.device);
     read_table(reader, "firmware", read_firmware, &olt.firmware_console);
     read_table(reader, "parameters", read_olt_parameters, &olt.configuration.parameters);
+    read_table(reader, "pon_modules", read_pon_modules, &olt.configuration.pon_transmission);
     read_table(reader, "settings", read_olt_settings, &olt.configuration.settings);
     read_table(reader, "xaui_redundancy", read_xaui_redundancy, &olt.configuration.xaui_redundancy);
     read_table(reader, "dba", read_dba_control, &olt.configuration.dba_control);

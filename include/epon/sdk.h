@@ -11,6 +11,7 @@
 
 #include <epon/sdk/dba_control.h>
 #include <epon/sdk/dot1x.h>
+#include <epon/sdk/encryption_direction.h>
 #include <epon/sdk/events.h>
 #include <epon/sdk/gpio.h>
 #include <epon/sdk/grants.h>
@@ -21,6 +22,7 @@
 #include <epon/sdk/llid_encryption.h>
 #include <epon/sdk/log.h>
 #include <epon/sdk/mdio.h>
+#include <epon/sdk/mng_vlan.h>
 #include <epon/sdk/oam_frames.h>
 #include <epon/sdk/olt.h>
 #include <epon/sdk/olt_loopback.h>
@@ -29,8 +31,11 @@
 #include <epon/sdk/onu_cli.h>
 #include <epon/sdk/onu_firmware.h>
 #include <epon/sdk/onu_loopback.h>
+#include <epon/sdk/pon_clock.h>
+#include <epon/sdk/pon_transmission.h>
 #include <epon/sdk/post_mortem.h>
 #include <epon/sdk/self_test.h>
+#include <epon/sdk/simple_operation.h>
 #include <epon/sdk/timeouts.h>
 #include <epon/sdk/uart.h>
 #include <epon/sdk/xaui_redundancy.h>
