@@ -83,7 +83,7 @@ constexpr Field onu_registration_refused_fields[] = {
 constexpr Field alarm_fields[] = {
     {"onu", FieldFormat::Int16, offsetof(AlarmEvent, onu_id)},
     {"alarm", FieldFormat::Name, offsetof(AlarmEvent, alarm), nullptr, &alarm_names},
-    {"raised", FieldFormat::Uint8Word, offsetof(AlarmEvent, raised), &raised},
+    {"state", FieldFormat::Uint8Word, offsetof(AlarmEvent, raised), &raised},
     {"value", FieldFormat::Uint32, offsetof(AlarmEvent, value)},
 };
 constexpr Field link_test_completed_fields[] = {
@@ -173,7 +173,7 @@ constexpr Field multicast_group_changed_fields[] = {
     {"llid", FieldFormat::Int16, offsetof(MulticastGroupChangedEvent, llid)},
     {"group", FieldFormat::Mac, offsetof(MulticastGroupChangedEvent, group)},
     {"vlan", FieldFormat::Uint16, offsetof(MulticastGroupChangedEvent, vlan)},
-    {"joined", FieldFormat::Uint8Word, offsetof(MulticastGroupChangedEvent, joined), &joined},
+    {"state", FieldFormat::Uint8Word, offsetof(MulticastGroupChangedEvent, joined), &joined},
 };
 constexpr Field protection_switched_fields[] = {
     {"active-olt", FieldFormat::Int16, offsetof(ProtectionSwitchedEvent, active_olt)},

@@ -42,7 +42,7 @@ TEST_F(Events, EveryKindPrintsItsNameAndAllItsValues)
         {EVENT_ONU_REGISTRATION_REFUSED, "mac=00-0d-b6-01-02-03,reason=1",
          "onu-registration-refused: olt 0, mac 00-0d-b6-01-02-03, reason black-listed"},
         {EVENT_ALARM, "onu_id=5,alarm=4,raised=1,value=0",
-         "alarm: olt 0, onu 5, alarm dying-gasp, raised raised, value 0"},
+         "alarm: olt 0, onu 5, alarm dying-gasp, state raised, value 0"},
         {EVENT_LINK_TEST_COMPLETED,
          "llid=7,frames_sent=100,frames_received=99,frame_errors=1,min_delay=10,max_delay=4294967295,average_delay=15",
          "link-test-completed: olt 0, llid 7, frames-sent 100, frames-received 99, frame-errors 1, min-delay 10, "
@@ -73,7 +73,7 @@ TEST_F(Events, EveryKindPrintsItsNameAndAllItsValues)
          "mac-migrated: olt 0, mac 00-0d-b6-01-02-03, from-llid 3, to-llid 4, vlan 4095"},
         {EVENT_ADDRESS_TABLE_FULL, "llid=-1,entries=65536", "address-table-full: olt 0, llid -1, entries 65536"},
         {EVENT_MULTICAST_GROUP_CHANGED, "llid=3,group=01-00-5e-01-02-03,vlan=100,joined=1",
-         "multicast-group-changed: olt 0, llid 3, group 01-00-5e-01-02-03, vlan 100, joined joined"},
+         "multicast-group-changed: olt 0, llid 3, group 01-00-5e-01-02-03, vlan 100, state joined"},
         {EVENT_PROTECTION_SWITCHED, "active_olt=1,cause=1",
          "protection-switched: olt 0, active-olt 1, cause loss-of-signal"},
         {EVENT_XAUI_SWITCHED_OVER, "channel=1,cause=2", "xaui-switched-over: olt 0, channel secondary, cause gpio"},
@@ -103,9 +103,9 @@ TEST_F(Events, EveryKindPrintsItsNameAndAllItsValues)
 TEST_F(Events, ValuesOutsideTheirTablesAreInvalid)
 {
     EXPECT_EQ(raise(EVENT_ALARM, "onu_id=1,alarm=42,raised=0,value=3"),
-              "alarm: olt 0, onu 1, alarm Invalid value, raised cleared, value 3 \r\n");
+              "alarm: olt 0, onu 1, alarm Invalid value, state cleared, value 3 \r\n");
     EXPECT_EQ(raise(EVENT_ALARM, "onu_id=1,alarm=-1,raised=2,value=3"),
-              "alarm: olt 0, onu 1, alarm Invalid value, raised Invalid value, value 3 \r\n");
+              "alarm: olt 0, onu 1, alarm Invalid value, state Invalid value, value 3 \r\n");
     EXPECT_EQ(raise(EVENT_DBA_STATE_CHANGED, "dba=7,running=0"),
               "dba-state-changed: olt 0, dba Invalid value, running no \r\n");
 }
@@ -115,7 +115,7 @@ TEST_F(Events, EveryAlarmHasItsName)
     for (int alarm = 0; alarm < CLI_ALARM_COUNT; ++alarm) {
         const std::string values = "onu_id=1,alarm=" + std::to_string(alarm) + ",raised=1,value=0";
         EXPECT_EQ(raise(EVENT_ALARM, values),
-                  std::string("alarm: olt 0, onu 1, alarm ") + CLI_alarm_s[alarm] + ", raised raised, value 0 \r\n");
+                  std::string("alarm: olt 0, onu 1, alarm ") + CLI_alarm_s[alarm] + ", state raised, value 0 \r\n");
     }
 }
 
