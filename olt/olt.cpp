@@ -52,6 +52,11 @@ void CLI_OLT_cmd_init()
     epon::install_pon_transmission();
     epon::install_simple_operation();
     epon::install_encryption_direction();
+    epon::install_authorize();
+    epon::install_encryption();
+    epon::install_link_test();
+    epon::install_oam_frame_rate();
+    epon::install_send_oam();
     CLI_mode1_cmd_init();
     for (const int node : {OLT_NODE, NEP5400_OLT_NODE, LLID_NODE, NEP5400_LLID_NODE, BC_LLID_NODE, NEP5400_BC_LLID_NODE,
                            OLT_PON_NODE, NEP5400_OLT_PON_NODE, CNI_NODE, NEP5400_CNI_NODE, OLT_FW_CRAFT_NODE}) {
