@@ -37,8 +37,8 @@ TEST_F(ScenarioTest, ErrorsNameTheLineAndWhatWasExpected)
         {"[[olt]]\nid = 16\nmac = \"02-00-00-00-00-00\"\n", "2: id: expected a number 0-15"},
         {"[[olt]]\nid = 0\nfirst = 0\nmac = \"02-00-00-00-00-00\"\n", "2: id: expected a number, or first and count"},
         {"[[olt]]\nid = 0\ncount = 2\nmac = \"02-00-00-00-00-00\"\n",
-         "3: unknown key \"count\"; expected one of device, firmware, id, mac, onu, parameters, present, "
-         "recovery_fails, xaui_redundancy"},
+         "3: unknown key \"count\"; expected one of dba, device, firmware, id, mac, onu, parameters, pon_modules, "
+         "present, recovery_fails, settings, xaui_redundancy"},
         {"[[olt]]\nfirst = 10\ncount = 7\nmac = \"02-00-00-00-00-00\"\n", "3: count: expected a number 1-6"},
         {"[[olt]]\nid = 0\nmac = \"02-00-00-00-00\"\n", "3: mac: expected a MAC address \"aa-bb-cc-dd-ee-ff\""},
         {"[[olt]]\nid = 0\nmac = \"02:00:00:00:00:00\"\n", "3: mac: expected a MAC address \"aa-bb-cc-dd-ee-ff\""},
