@@ -185,11 +185,13 @@ def typed(source):
         else:
             before = position
             data, position = character(inner, position)
-            piece = (data, not hidden, False)
             if parts[-1].pieces and parts[-1].pieces[-1][2]:
                 parts[-1].source = "{" + hidden + inner[start:before] + "}"
                 parts.append(Typed("", []))
                 start = before
+            elif parts[-1].pieces:
+                data = parts[-1].pieces.pop()[0] + data
+            piece = (data, not hidden, False)
         parts[-1].pieces.append(piece)
     parts[-1].source = "{" + hidden + inner[start:] + "}"
     return parts
