@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <initializer_list>
 
+#include "olt/auth_list.h"
 #include "olt/dba_control.h"
 #include "olt/dot1x.h"
 #include "olt/encryption_direction.h"
@@ -11,14 +12,17 @@
 #include "olt/llid.h"
 #include "olt/mac_address_modes.h"
 #include "olt/mdio.h"
+#include "olt/mka.h"
 #include "olt/mng_vlan.h"
 #include "olt/modes.h"
 #include "olt/olt.h"
 #include "olt/olt_loopback.h"
+#include "olt/onu_deregister.h"
 #include "olt/pon_clock.h"
 #include "olt/pon_transmission.h"
 #include "olt/post_mortem.h"
 #include "olt/self_test.h"
+#include "olt/send_frame.h"
 #include "olt/simple_operation.h"
 #include "olt/timeouts.h"
 #include "olt/uart.h"
@@ -57,6 +61,10 @@ void CLI_OLT_cmd_init()
     epon::install_link_test();
     epon::install_oam_frame_rate();
     epon::install_send_oam();
+    epon::install_auth_list();
+    epon::install_mka();
+    epon::install_onu_deregister();
+    epon::install_send_frame();
     CLI_mode1_cmd_init();
     for (const int node : {OLT_NODE, NEP5400_OLT_NODE, LLID_NODE, NEP5400_LLID_NODE, BC_LLID_NODE, NEP5400_BC_LLID_NODE,
                            OLT_PON_NODE, NEP5400_OLT_PON_NODE, CNI_NODE, NEP5400_CNI_NODE, OLT_FW_CRAFT_NODE}) {

@@ -9,6 +9,7 @@ namespace sdk_sim {
 namespace {
 
 enum OltState { OLT_ABSENT = 0, OLT_STARTING = 1, OLT_OPERATIONAL = 2 };
+enum RefusalReason { REFUSED_NOT_AUTHORIZED = 0, REFUSED_BLACK_LISTED = 1 };
 
 void raise_olt_state(const Olt& olt, OltState state)
 {
@@ -21,12 +22,30 @@ void copy_mac(std::uint8_t out[6], const Mac& mac)
         out[i] = mac[i];
 }
 
-void register_onu(Olt& olt, Onu& onu)
+// False, with the event, when the OLT's lists keep the ONU out.
+bool admit_onu(const Olt& olt, Onu& onu)
+{
+    const Admission result = admission(olt.configuration.auth_list, onu.mac);
+    if (result == Admission::Unauthorized) onu.mode = ONU_MODE_REGISTERED_UNAUTHORIZED;
+    if (result == Admission::Admitted || result == Admission::Unauthorized) return true;
+    onu.mode = ONU_MODE_UNREGISTERED;
+    OnuRegistrationRefusedEvent event{};
+    copy_mac(event.mac, onu.mac);
+    event.reason = result == Admission::BlackListed ? REFUSED_BLACK_LISTED : REFUSED_NOT_AUTHORIZED;
+    raise(EVENT_ONU_REGISTRATION_REFUSED, olt.id, event);
+    return false;
+}
+
+void register_onu(Network& network, Olt& olt, Onu& onu)
 {
     if (counts_as_registered(onu)) return;
     if (!hears_olt(olt, onu)) return; // no discovery reaches it
     onu.mode = onu.home_mode;
     if (!counts_as_registered(onu)) return;
+    if (!admit_onu(olt, onu)) {
+        return_onu(network, olt, onu.id);
+        return;
+    }
     OnuRegisteredEvent event{};
     event.onu_id = onu.id;
     copy_mac(event.mac, onu.mac);
@@ -37,7 +56,8 @@ void register_onu(Olt& olt, Onu& onu)
 
 void register_onu_after(Network& network, const Olt& olt, std::int16_t onu_id, Milliseconds delay)
 {
-    after(network, olt, delay, [onu_id](Network&, Olt& later) { register_onu(later, later.onus.at(onu_id)); });
+    after(network, olt, delay,
+          [onu_id](Network& later, Olt& of_onu) { register_onu(later, of_onu, of_onu.onus.at(onu_id)); });
 }
 
 // Between half and one and a half times the mean.
@@ -149,6 +169,11 @@ void deregister_onu(Olt& olt, Onu& onu, DeregistrationReason reason)
     copy_mac(event.mac, onu.mac);
     event.reason = static_cast<std::int32_t>(reason);
     raise(EVENT_ONU_DEREGISTERED, olt.id, event);
+}
+
+void return_onu(Network& network, const Olt& olt, std::int16_t onu_id)
+{
+    if (network.life.return_time != 0) register_onu_after(network, olt, onu_id, network.life.return_time);
 }
 
 void begin_life(Network& network)

@@ -17,6 +17,8 @@ void end_olt(Olt& olt);
 void register_onus(Network& network, const Olt& olt);
 
 void deregister_onu(Olt& olt, Onu& onu, DeregistrationReason reason);
+// Makes an ONU that was sent away ask for registration again, if the ONUs of this network do.
+void return_onu(Network& network, const Olt& olt, std::int16_t onu_id);
 
 // Begins what the network does by itself.
 void begin_life(Network& network);

@@ -15,6 +15,7 @@
 
 #include <epon/sdk.h>
 
+#include "host/sdk_sim/auth_list.h"
 #include "host/sdk_sim/dba_control.h"
 #include "host/sdk_sim/dot1x.h"
 #include "host/sdk_sim/encryption_direction.h"
@@ -26,6 +27,7 @@
 #include "host/sdk_sim/llid.h"
 #include "host/sdk_sim/llid_encryption.h"
 #include "host/sdk_sim/mdio.h"
+#include "host/sdk_sim/mka.h"
 #include "host/sdk_sim/mng_vlan.h"
 #include "host/sdk_sim/oam_frames.h"
 #include "host/sdk_sim/olt_settings.h"
@@ -34,6 +36,7 @@
 #include "host/sdk_sim/pon_clock.h"
 #include "host/sdk_sim/pon_transmission.h"
 #include "host/sdk_sim/self_test.h"
+#include "host/sdk_sim/send_frame.h"
 #include "host/sdk_sim/simple_operation.h"
 #include "host/sdk_sim/uart.h"
 #include "host/sdk_sim/xaui_redundancy.h"
@@ -59,6 +62,7 @@ struct OnuConfiguration {
     OamFrames oam_frames;
     OnuLoopback loopback;
     OnuDownload download;
+    MkaLink mka;
 };
 
 struct Onu {
@@ -102,6 +106,9 @@ struct OltConfiguration {
     std::int32_t loopback = OLT_LOOPBACK_NONE;
     DbaControl dba_control;
     Grants grants;
+    AuthList auth_list;
+    MkaGlobal mka;
+    SentFrames sent_frames;
     std::map<std::int32_t, LoggingTopic> logging; // by topic; a topic that is not listed is off
 };
 
@@ -148,6 +155,7 @@ struct Life {
     Milliseconds start_time = 500;         // of an OLT, until it is operational
     Milliseconds registration_time = 1000; // of the first ONU, from there on
     Milliseconds registration_step = 10;   // between one ONU and the next
+    Milliseconds return_time = 0;          // until an ONU that was sent away asks again; 0: it stays away
 };
 
 struct Network;

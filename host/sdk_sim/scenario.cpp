@@ -199,6 +199,7 @@ void read_life(ScenarioReader& reader, Life* life)
     reader.seconds("start_time", &life->start_time);
     reader.seconds("registration_time", &life->registration_time);
     reader.seconds("registration_step", &life->registration_step);
+    reader.seconds("return_time", &life->return_time);
 }
 
 } // namespace

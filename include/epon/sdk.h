@@ -9,6 +9,7 @@
 #ifndef EPON_SDK_H
 #define EPON_SDK_H
 
+#include <epon/sdk/auth_list.h>
 #include <epon/sdk/dba_control.h>
 #include <epon/sdk/dot1x.h>
 #include <epon/sdk/encryption_direction.h>
@@ -22,6 +23,7 @@
 #include <epon/sdk/llid_encryption.h>
 #include <epon/sdk/log.h>
 #include <epon/sdk/mdio.h>
+#include <epon/sdk/mka.h>
 #include <epon/sdk/mng_vlan.h>
 #include <epon/sdk/oam_frames.h>
 #include <epon/sdk/olt.h>
@@ -29,12 +31,14 @@
 #include <epon/sdk/olt_modes.h>
 #include <epon/sdk/onu.h>
 #include <epon/sdk/onu_cli.h>
+#include <epon/sdk/onu_deregister.h>
 #include <epon/sdk/onu_firmware.h>
 #include <epon/sdk/onu_loopback.h>
 #include <epon/sdk/pon_clock.h>
 #include <epon/sdk/pon_transmission.h>
 #include <epon/sdk/post_mortem.h>
 #include <epon/sdk/self_test.h>
+#include <epon/sdk/send_frame.h>
 #include <epon/sdk/simple_operation.h>
 #include <epon/sdk/timeouts.h>
 #include <epon/sdk/uart.h>
