@@ -44,13 +44,17 @@ void CLI_OLT_cmd_init()
     epon::install_post_mortem();
     epon::install_self_test();
     epon::install_uart();
-    epon::install_dot1x();
-    epon::install_olt_loopback();
-    epon::install_dba_control();
-    epon::install_grants();
     epon::install_olt_modes();
     epon::install_mac_address_modes();
     epon::install_timeouts();
+    epon::install_auth_list();
+    epon::install_dba_control();
+    epon::install_dot1x();
+    epon::install_grants();
+    epon::install_mka();
+    epon::install_olt_loopback();
+    epon::install_onu_deregister();
+    epon::install_send_frame();
     epon::install_mng_vlan();
     epon::install_pon_clock();
     epon::install_pon_transmission();
@@ -61,10 +65,6 @@ void CLI_OLT_cmd_init()
     epon::install_link_test();
     epon::install_oam_frame_rate();
     epon::install_send_oam();
-    epon::install_auth_list();
-    epon::install_mka();
-    epon::install_onu_deregister();
-    epon::install_send_frame();
     CLI_mode1_cmd_init();
     for (const int node : {OLT_NODE, NEP5400_OLT_NODE, LLID_NODE, NEP5400_LLID_NODE, BC_LLID_NODE, NEP5400_BC_LLID_NODE,
                            OLT_PON_NODE, NEP5400_OLT_PON_NODE, CNI_NODE, NEP5400_CNI_NODE, OLT_FW_CRAFT_NODE}) {

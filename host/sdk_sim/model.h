@@ -96,19 +96,19 @@ struct OltConfiguration {
     MngVlan mng_vlan;
     OltSettings settings;
     XauiRedundancy xaui_redundancy;
+    AuthList auth_list;
+    DbaControl dba_control;
+    OLT_802_1x_configuration dot1x{};
+    Grants grants;
+    std::int32_t loopback = OLT_LOOPBACK_NONE;
+    MkaGlobal mka;
+    SentFrames sent_frames;
     Gpio gpio;
     I2cBuses i2c_buses = fitted_modules();
     Leds leds{};
     Mdio mdio;
     SelfTest self_test;
     Uart uart;
-    OLT_802_1x_configuration dot1x{};
-    std::int32_t loopback = OLT_LOOPBACK_NONE;
-    DbaControl dba_control;
-    Grants grants;
-    AuthList auth_list;
-    MkaGlobal mka;
-    SentFrames sent_frames;
     std::map<std::int32_t, LoggingTopic> logging; // by topic; a topic that is not listed is off
 };
 

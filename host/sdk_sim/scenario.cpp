@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Scenarios: networks as TOML. docs and scenarios/demo.toml show every key.
+// Scenarios: networks as TOML. scenarios/demo.toml shows every key.
 #include <cerrno>
 #include <cstring>
 #include <fstream>

@@ -8,18 +8,15 @@ It needs the C library alone; what it leaves undefined is the C library's, the e
 when it is loaded; and what it exports belongs to the interface.
 """
 
+import glob
+import os
 import re
 import subprocess
 import sys
 
 NEEDED = re.compile(r"libc\.so\.6|ld-linux.*\.so\.\d+")
 
-ENGINE_AND_SDK = re.compile(r"RBX_\w+|vtyvec|NEP_\w+|CTC_STACK_\w+|REMOTE_NEPONU_\w+|NEPLOG_\w+|OSSRV_\w+|"
-                            r"Olt_exists|Mac_address_exist|Get_onu_record_static_mode|Get_pon_mac_name|"
-                            r"Set_logging_configuration")
-
-# The library's own names with such a beginning.
-OWN = re.compile(r"RBX_vty_out|CTC_STACK_CLI_\w+|REMOTE_MANAGEMENT_CLI_\w+")
+HEADERS = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "include", "epon")
 
 C_LIBRARY = set("""
     strtol strtoul strtoll strtoull atoi sscanf __isoc99_sscanf __isoc23_sscanf __isoc23_strtol __isoc23_strtoul
@@ -43,6 +40,17 @@ def tool(*command):
     return subprocess.run(command, check=True, capture_output=True, text=True).stdout
 
 
+def engine_and_sdk():
+    """The functions and data that the headers of the engine and the SDK declare."""
+    names = set()
+    for path in [os.path.join(HEADERS, "engine.h"), *glob.glob(os.path.join(HEADERS, "sdk", "*.h"))]:
+        with open(path, encoding="utf-8") as file:
+            text = re.sub(r"/\*.*?\*/|//[^\n]*", "", file.read(), flags=re.DOTALL)
+        # A declaration at the start of a line; the name is followed by its parameters, or by the end of the data.
+        names.update(re.findall(r"^(?!typedef|#|static|enum \{)[A-Za-z][\w \*]*?\b(\w+)(?:\(|;)", text, flags=re.MULTILINE))
+    return names
+
+
 def needed(library):
     return re.findall(r"\(NEEDED\).*\[(.*)\]", tool("readelf", "-dW", library))
 
@@ -62,18 +70,19 @@ def section_sizes(library):
 
 
 def findings(library):
+    host = engine_and_sdk()
     for name in needed(library):
         if not NEEDED.fullmatch(name):
             yield f"needs {name}"
     for name in symbols(library, "--undefined-only"):
         if name in C_LIBRARY or name in TOOLCHAIN:
             continue
-        if not ENGINE_AND_SDK.fullmatch(name) and not ARM_ARITHMETIC.fullmatch(name):
+        if name not in host and not ARM_ARITHMETIC.fullmatch(name):
             yield f"leaves {name} undefined"
     for name in symbols(library, "--defined-only"):
         if name.startswith("_Z"):
             yield f"exports {name}, a C++ name"
-        if ENGINE_AND_SDK.fullmatch(name) and not OWN.fullmatch(name):
+        if name in host:
             yield f"defines {name}, which is the engine's or the SDK's"
     sizes = section_sizes(library)
     header = tool("readelf", "-hW", library)

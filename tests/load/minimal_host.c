@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 // A host that is not ours: loads libepon_cli.so into a plain C program whose engine and SDK are the few functions
 // below, starts the library as any host does, and runs one command through the element that the library installed.
-// It shows that the library needs nothing but the C library and the interfaces in include/epon.
+// It shows that the library needs nothing but the C library and the interfaces in include/epon, and that start-up calls
+// no operation of the SDK beyond those below (see unused_operations.py).
 //
 //   minimal_host path/to/libepon_cli.so
 #include <dlfcn.h>
