@@ -18,6 +18,7 @@
 #include "olt/olt.h"
 #include "olt/olt_loopback.h"
 #include "olt/onu_deregister.h"
+#include "olt/optics.h"
 #include "olt/pon_clock.h"
 #include "olt/pon_transmission.h"
 #include "olt/post_mortem.h"
@@ -65,6 +66,7 @@ void CLI_OLT_cmd_init()
     epon::install_link_test();
     epon::install_oam_frame_rate();
     epon::install_send_oam();
+    epon::install_optics();
     CLI_mode1_cmd_init();
     for (const int node : {OLT_NODE, NEP5400_OLT_NODE, LLID_NODE, NEP5400_LLID_NODE, BC_LLID_NODE, NEP5400_BC_LLID_NODE,
                            OLT_PON_NODE, NEP5400_OLT_PON_NODE, CNI_NODE, NEP5400_CNI_NODE, OLT_FW_CRAFT_NODE}) {

@@ -33,6 +33,7 @@
 #include "host/sdk_sim/olt_settings.h"
 #include "host/sdk_sim/onu_firmware.h"
 #include "host/sdk_sim/onu_loopback.h"
+#include "host/sdk_sim/optics.h"
 #include "host/sdk_sim/pon_clock.h"
 #include "host/sdk_sim/pon_transmission.h"
 #include "host/sdk_sim/self_test.h"
@@ -109,6 +110,7 @@ struct OltConfiguration {
     Mdio mdio;
     SelfTest self_test;
     Uart uart;
+    Optics optics;
     std::map<std::int32_t, LoggingTopic> logging; // by topic; a topic that is not listed is off
 };
 

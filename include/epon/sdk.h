@@ -34,6 +34,7 @@
 #include <epon/sdk/onu_deregister.h>
 #include <epon/sdk/onu_firmware.h>
 #include <epon/sdk/onu_loopback.h>
+#include <epon/sdk/optics.h>
 #include <epon/sdk/pon_clock.h>
 #include <epon/sdk/pon_transmission.h>
 #include <epon/sdk/post_mortem.h>
