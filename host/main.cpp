@@ -92,6 +92,7 @@ int main(int argc, char** argv)
     if (!load_network(scenario, &error) || !sdk_sim::set_log(sdk_log, &error)) return refuse(error);
     options.host_name = sdk_sim::network_name();
     options.serve = !only_list;
+    options.starts_closed = true;
     if (!engine::prepare(options, &error)) return refuse(error);
 
     // Signals are taken below, by this thread alone.
@@ -110,6 +111,7 @@ int main(int argc, char** argv)
         return std::cout ? 0 : 1;
     }
     sdk_sim::start();
+    engine::open();
     // The console thread opens its doors in its own time.
     while (engine::served_at().empty())
         std::this_thread::sleep_for(std::chrono::milliseconds(1));

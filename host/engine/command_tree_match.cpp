@@ -234,6 +234,21 @@ void explain(const Walk& walk, std::string& reason)
     }
 }
 
+// No later word tells what a short last word means. So where it could also begin a longer command, it is not taken for
+// the one that happens to end here: "s" must not run "self-test" while "set" and "show" begin the same way.
+void refuse_unclear_end(const CommandTree& tree, std::span<const std::string_view> words, Match& out)
+{
+    std::vector<std::string> meanings;
+    for (const Candidate& candidate : tree.candidates(words.first(words.size() - 1), words.back())) {
+        if (candidate.literal && candidate.word.starts_with(words.back())) meanings.emplace_back(candidate.word);
+    }
+    sort_unique(meanings);
+    if (meanings.size() < 2) return;
+    reset(out);
+    out.candidates = std::move(meanings);
+    out.status = MatchStatus::Ambiguous;
+}
+
 } // namespace
 
 void CommandTree::match(std::span<const std::string_view> words, Match& out) const
@@ -252,7 +267,11 @@ void CommandTree::match(std::span<const std::string_view> words, Match& out) con
         }
         if (commands == 0) continue;
         if (commands == 1 && !walk.state(final).ambiguous) {
+            const std::string_view last = form_of(walk.state(final));
+            const bool is_short = walk.state(final).grammar->token(walk.state(final).token).kind == WordKind::Keyword &&
+                                  words.back().size() < last.size();
             accept(walk, final, impl->full_words, out);
+            if (is_short) refuse_unclear_end(*this, words, out);
             return;
         }
         std::vector<std::uint32_t> finals;

@@ -139,7 +139,7 @@ void Walk::expand_keywords(std::uint32_t index, std::string_view word, FitStep s
     for (const Edge& edge : node.keywords_from(word)) {
         Fit fit = fit_of(WordKind::Keyword, form_of(edge), word);
         if (fit == Fit::None && form_of(edge).starts_with(word)) continue; // a number or an address that goes on
-        if (fit > step.farthest) break; // sorted: equal ones first, then longer ones
+        if (fit > step.farthest) break;                                    // sorted: equal ones first, then longer ones
         if (fit == step.closest) enter(index, edge, fit);
     }
 }

@@ -24,6 +24,8 @@ struct Options {
     // false: prepare binds nothing, RBX_vty_serv_sock opens nothing and RBX_thread_fetch parks; for listing the
     // commands and for tests with memory sessions only.
     bool serve = true;
+    // true: the console thread waits for open() before it serves, so that the host can install commands until then.
+    bool starts_closed = false;
 };
 
 // Checks the options, loads the password and binds the TCP port, so that nothing is half-started when one of them is
@@ -54,6 +56,9 @@ void install_host_element(int node, cmd_element* element);
 void for_each_element(Origin origin, const std::function<void(int node, const cmd_element&)>& visit);
 
 // --- While the console is served ----------------------------------------------------------------------------------
+
+// Lets the console thread serve, when the options made it wait. Nothing may be installed after it.
+void open();
 
 // "127.0.0.1 port 2600 and /var/run/epon.sock", once served; empty before.
 std::string served_at();

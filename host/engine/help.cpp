@@ -88,7 +88,7 @@ std::string columns(const std::vector<Candidate>& entries, std::size_t width, co
     std::size_t cell = GAP;
     for (const Candidate& entry : entries)
         cell = std::max(cell, columns_of(entry.word) + GAP);
-    std::size_t per_line = std::max<std::size_t>(1, (width - 1) / cell);
+    std::size_t per_line = std::max<std::size_t>(1, (width - 1) / std::max<std::size_t>(1, cell));
     std::string text;
     for (std::size_t i = 0; i < entries.size(); ++i) {
         text += entries[i].word;

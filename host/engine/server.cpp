@@ -2,6 +2,7 @@
 // Where the console is served: a TCP port and a local socket for the host's own users.
 #include <cctype>
 #include <cerrno>
+#include <condition_variable>
 #include <cstring>
 #include <mutex>
 
@@ -44,6 +45,8 @@ struct Server {
 
     std::mutex lock;
     std::string served_at; // under lock
+    bool is_open = false;  // under lock
+    std::condition_variable opened;
 };
 
 Server& server()
@@ -307,6 +310,16 @@ std::uint16_t bound_port()
     return at.tcp >= 0 ? at.tcp_bound : 0;
 }
 
+void open()
+{
+    Server& at = server();
+    {
+        std::lock_guard guard(at.lock);
+        at.is_open = true;
+    }
+    at.opened.notify_all();
+}
+
 std::string served_at()
 {
     Server& at = server();
@@ -325,6 +338,10 @@ void RBX_vty_serv_sock(const char* addr, unsigned short port, const char* path)
 {
     engine::Server& at = engine::server();
     if (!at.options.serve) return;
+    if (at.options.starts_closed) {
+        std::unique_lock guard(at.lock);
+        at.opened.wait(guard, [&] { return at.is_open; });
+    }
     engine::set_loop_handlers({engine::accept_clients, engine::serve_session, engine::close_everything});
     if (at.spare < 0) at.spare = open("/dev/null", O_RDONLY | O_CLOEXEC);
     std::string address = addr != nullptr ? addr : at.options.listen_address;

@@ -51,6 +51,7 @@ constexpr std::initializer_list<const char*> OLT_COMMANDS = {
     "set min-rtt <0-32767>",
     "set mac-learning (enable|disable)",
     "set baud-rate (1200|2400|115200|default)",
+    "self-test",
     "set xaui-redundancy-params param-type gpio-mode param-value (high-low|toggle)",
     "set xaui-redundancy-params param-type triggering-mode param-value (gpio|link-loss)",
     "set ne-mode olt OLT_INDEX mode (mode1|default|cascading)",
@@ -136,6 +137,11 @@ constexpr Line LINES[] = {
     {"host address 1:2:3:4:5:6:7:8", "host address 1:2:3:4:5:6:7:8 | 1:2:3:4:5:6:7:8"},
     // More than one meaning.
     {"set ma", "incomplete"},
+    // A short last word that could begin a longer command is not taken for the one that ends here.
+    {"s", "ambiguous: self-test, set, set-grants, show"},
+    {"se", "ambiguous: self-test, set, set-grants"},
+    {"sel", "self-test"},
+    {"self-test", "self-test"},
     {"set xaui param-t gpio param-v", "incomplete"},
     {"set xaui param- gpio param toggle",
      "set xaui-redundancy-params param-type gpio-mode param-value toggle | toggle"},
