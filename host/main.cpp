@@ -111,7 +111,7 @@ int main(int argc, char** argv)
         return std::cout ? 0 : 1;
     }
     sdk_sim::start();
-    engine::open();
+    engine::open_console();
     // The console thread opens its doors in its own time.
     while (engine::served_at().empty())
         std::this_thread::sleep_for(std::chrono::milliseconds(1));

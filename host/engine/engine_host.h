@@ -24,7 +24,7 @@ struct Options {
     // false: prepare binds nothing, RBX_vty_serv_sock opens nothing and RBX_thread_fetch parks; for listing the
     // commands and for tests with memory sessions only.
     bool serve = true;
-    // true: the console thread waits for open() before it serves, so that the host can install commands until then.
+    // true: the console thread waits for open_console() before it serves, so that the host can install commands until then.
     bool starts_closed = false;
 };
 
@@ -58,7 +58,7 @@ void for_each_element(Origin origin, const std::function<void(int node, const cm
 // --- While the console is served ----------------------------------------------------------------------------------
 
 // Lets the console thread serve, when the options made it wait. Nothing may be installed after it.
-void open();
+void open_console();
 
 // "127.0.0.1 port 2600 and /var/run/epon.sock", once served; empty before.
 std::string served_at();

@@ -310,7 +310,7 @@ std::uint16_t bound_port()
     return at.tcp >= 0 ? at.tcp_bound : 0;
 }
 
-void open()
+void open_console()
 {
     Server& at = server();
     {
