@@ -234,19 +234,16 @@ void explain(const Walk& walk, std::string& reason)
     }
 }
 
-// No later word tells what a short last word means. So where it could also begin a longer command, it is not taken for
-// the one that happens to end here: "s" must not run "self-test" while "set" and "show" begin the same way.
-void refuse_unclear_end(const CommandTree& tree, std::span<const std::string_view> words, Match& out)
+// No later word tells what a short last word means. So where it could as well begin a longer command, it is not taken
+// for the one that happens to end here: "s" must not run "self-test" while "set" and "show" begin the same way.
+bool has_unclear_end(const Walk& walk, const Walk::Set& set, std::uint32_t final, std::string_view last)
 {
-    std::vector<std::string> meanings;
-    for (const Candidate& candidate : tree.candidates(words.first(words.size() - 1), words.back())) {
-        if (candidate.literal && candidate.word.starts_with(words.back())) meanings.emplace_back(candidate.word);
+    const State& end = walk.state(final);
+    if (fit_of(end.grammar->token(end.token).kind, form_of(end), last) != Fit::KeywordPrefix) return false;
+    for (std::uint32_t index = set.begin; index < set.end; index++) {
+        if (walk.state(index).ambiguous || form_of(walk.state(index)) != form_of(end)) return true;
     }
-    sort_unique(meanings);
-    if (meanings.size() < 2) return;
-    reset(out);
-    out.candidates = std::move(meanings);
-    out.status = MatchStatus::Ambiguous;
+    return false;
 }
 
 } // namespace
@@ -267,11 +264,14 @@ void CommandTree::match(std::span<const std::string_view> words, Match& out) con
         }
         if (commands == 0) continue;
         if (commands == 1 && !walk.state(final).ambiguous) {
-            const std::string_view last = form_of(walk.state(final));
-            const bool is_short = walk.state(final).grammar->token(walk.state(final).token).kind == WordKind::Keyword &&
-                                  words.back().size() < last.size();
-            accept(walk, final, impl->full_words, out);
-            if (is_short) refuse_unclear_end(*this, words, out);
+            if (!has_unclear_end(walk, set, final, words.back())) {
+                accept(walk, final, impl->full_words, out);
+                return;
+            }
+            for (std::uint32_t index = set.begin; index < set.end; index++)
+                add_meanings(walk, index, words.back(), out.candidates);
+            sort_unique(out.candidates);
+            out.status = MatchStatus::Ambiguous;
             return;
         }
         std::vector<std::uint32_t> finals;

@@ -105,10 +105,12 @@ void check_line(Commands& commands, const std::vector<const cmd_element*>& eleme
     SCOPED_TRACE(line);
     std::vector<std::string_view> words = engine_test::split(line);
     std::vector<Reading> best;
+    std::vector<Reading> unfinished; // commands that go on behind the line
     std::size_t furthest = 0;
     for (const cmd_element* element : elements) {
         Reading reading = read_line(*element, words);
         furthest = std::max(furthest, reading.taken);
+        if (reading.taken == words.size() && !reading.complete) unfinished.push_back(reading);
         if (reading.taken < words.size() || !reading.complete) continue;
         if (!best.empty() && best[0].fits < reading.fits) continue;
         if (!best.empty() && reading.fits < best[0].fits) best.clear();
@@ -122,7 +124,13 @@ void check_line(Commands& commands, const std::vector<const cmd_element*>& eleme
         EXPECT_EQ(match.error_word, incomplete ? 0 : furthest);
         return;
     }
-    if (best.size() > 1 || best[0].ambiguous) {
+    // A short last word is not clear while it begins another keyword of a command that goes on.
+    bool unclear =
+        best[0].fits.back() == Fit::KeywordPrefix &&
+        std::any_of(unfinished.begin(), unfinished.end(), [&](const Reading& other) {
+            return other.fits == best[0].fits && (other.ambiguous || other.full.back() != best[0].full.back());
+        });
+    if (best.size() > 1 || best[0].ambiguous || unclear) {
         EXPECT_EQ(match.status, MatchStatus::Ambiguous);
         EXPECT_FALSE(match.candidates.empty());
         return;
