@@ -24,7 +24,8 @@ struct Options {
     // false: prepare binds nothing, RBX_vty_serv_sock opens nothing and RBX_thread_fetch parks; for listing the
     // commands and for tests with memory sessions only.
     bool serve = true;
-    // true: the console thread waits for open_console() before it serves, so that the host can install commands until then.
+    // true: the console thread waits for open_console() before it serves, so that the host can install commands until
+    // then.
     bool starts_closed = false;
 };
 

@@ -73,10 +73,10 @@ struct Onu {
     std::int32_t mode = ONU_MODE_UNREGISTERED;
     std::int32_t home_mode = ONU_MODE_UNREGISTERED; // the mode it takes when its OLT has started
     bool is_static = false;
-    bool is_warned = false;          // for a mode change
-    std::uint32_t rtt = 0;           // time quanta of 16 ns
+    bool is_warned = false;             // for a mode change
+    std::uint32_t rtt = 0;              // time quanta of 16 ns
     std::uint32_t frame_error_rate = 0; // lost test frames in a million
-    std::string name, serial_number; // as the device tells them: any octets
+    std::string name, serial_number;    // as the device tells them: any octets
     OnuImage image;
     OnuConfiguration configuration, initial_configuration;
 };
@@ -144,7 +144,7 @@ struct Olt {
     FirmwareConsole firmware_console;
     OltConfiguration configuration, initial_configuration;
     PreInitOperations pre_init_operations; // wait for its next start
-    std::map<std::int16_t, Onu> onus; // by index
+    std::map<std::int16_t, Onu> onus;      // by index
 };
 
 // How the network lives by itself. An interval of 0 means never.
