@@ -217,7 +217,7 @@ TEST_F(ScenarioTest, DemoNetwork)
 
 TEST_F(ScenarioTest, ScenariosOfTheProjectLoad)
 {
-    for (const char* name : {"demo", "small_lab", "hostile", "full_chassis"}) {
+    for (const char* name : {"demo", "small_lab", "hostile", "troubled", "full_chassis"}) {
         std::string error;
         EXPECT_TRUE(sdk_sim::load_scenario_file(std::string(SCENARIOS) + "/" + name + ".toml", &error)) << error;
     }
@@ -225,6 +225,19 @@ TEST_F(ScenarioTest, ScenariosOfTheProjectLoad)
     std::ostringstream content;
     content << file.rdbuf();
     EXPECT_EQ(content.str(), sdk_sim::demo_scenario());
+}
+
+TEST_F(ScenarioTest, AFullChassisLoadsWithinASecond)
+{
+    const auto before = std::chrono::steady_clock::now();
+    std::string error;
+    ASSERT_TRUE(sdk_sim::load_scenario_file(SCENARIOS "/full_chassis.toml", &error)) << error;
+    EXPECT_LT(std::chrono::steady_clock::now() - before, std::chrono::seconds(1));
+    std::uint8_t warned;
+    for (std::int16_t olt_id = 0; olt_id < OLT_INDEX_LIMIT; ++olt_id)
+        for (std::int16_t onu_id = 0; onu_id < ONU_INDEX_LIMIT; ++onu_id)
+            EXPECT_EQ(NEP_get_onu_mode_extended(olt_id, onu_id, &warned), ONU_MODE_REGISTERED)
+                << olt_id << ' ' << onu_id;
 }
 
 TEST_F(ScenarioTest, DeviceTextsMayBeAnyOctets)
