@@ -130,6 +130,27 @@ TEST_F(Olt, FirmwareConsole)
     }
 }
 
+TEST_F(Olt, TheFirmwareAnswersUntilTheContextIsLeft)
+{
+    sdk_sim::set_firmware_console([](const char* text) { CLI_print(text); });
+    sdk_sim::start();
+    const auto answer_to = [this](const char* line) {
+        std::string answer = type(line);
+        sdk_sim::drain_events();
+        return answer + engine::take_output(session);
+    };
+    enter(OLT_NODE);
+    EXPECT_EQ(answer_to("fw-craft"), "fw0>  \r\n");
+    EXPECT_EQ(answer_to("temperature"), "0.0 C \r\n");
+    EXPECT_EQ(answer_to("show olt parameters"), "unknown command, try help \r\n");
+    EXPECT_EQ(answer_to(""), "fw0>  \r\n");
+    type("exit");
+    EXPECT_EQ(session->node, OLT_NODE);
+    NEP_send_cli_command(0, 1, "temperature\n");
+    sdk_sim::drain_events();
+    EXPECT_EQ(engine::take_output(session), ""); // not notified any more
+}
+
 TEST_F(Olt, FirmwareConsoleOpensWhateverTheSdkSays)
 {
     enter(OLT_NODE);
