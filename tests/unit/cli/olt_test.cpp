@@ -141,7 +141,7 @@ TEST_F(Olt, TheFirmwareAnswersUntilTheContextIsLeft)
     };
     enter(OLT_NODE);
     EXPECT_EQ(answer_to("fw-craft"), "fw0>  \r\n");
-    EXPECT_EQ(answer_to("temperature"), "0.0 C \r\n");
+    EXPECT_EQ(answer_to("temperature"), "45.0 C \r\n");
     EXPECT_EQ(answer_to("show olt parameters"), "unknown command, try help \r\n");
     EXPECT_EQ(answer_to(""), "fw0>  \r\n");
     type("exit");
