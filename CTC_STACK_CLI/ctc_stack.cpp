@@ -2,4 +2,9 @@
 // Commands of the CTC stack. Not part of this build yet: it installs nothing.
 #include <epon/cli.h>
 
-void CTC_STACK_CLI_cmd_init() {}
+void CTC_STACK_CLI_cmd_init()
+{
+    static constinit bool is_installed = false;
+    if (is_installed) return;
+    is_installed = true;
+}

@@ -2,4 +2,9 @@
 // Commands of mode-1 rules. Not part of this build yet: it installs nothing.
 #include <epon/cli.h>
 
-void CLI_mode1_cmd_init() {}
+void CLI_mode1_cmd_init()
+{
+    static constinit bool is_installed = false;
+    if (is_installed) return;
+    is_installed = true;
+}

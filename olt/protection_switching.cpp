@@ -2,4 +2,9 @@
 // Commands of PON protection switching. Not part of this build yet: it installs nothing.
 #include <epon/cli.h>
 
-void CLI_PS_cmd_init() {}
+void CLI_PS_cmd_init()
+{
+    static constinit bool is_installed = false;
+    if (is_installed) return;
+    is_installed = true;
+}

@@ -2,4 +2,9 @@
 // Time-of-day commands. Not part of this build yet: it installs nothing.
 #include <epon/cli.h>
 
-void CLI_ToD_cmd_init() {}
+void CLI_ToD_cmd_init()
+{
+    static constinit bool is_installed = false;
+    if (is_installed) return;
+    is_installed = true;
+}

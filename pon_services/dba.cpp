@@ -2,4 +2,9 @@
 // Commands of bandwidth allocation. Not part of this build yet: it installs nothing.
 #include <epon/cli.h>
 
-void DBA_CLI_cmd_init() {}
+void DBA_CLI_cmd_init()
+{
+    static constinit bool is_installed = false;
+    if (is_installed) return;
+    is_installed = true;
+}

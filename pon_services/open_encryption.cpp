@@ -2,4 +2,9 @@
 // Commands of open encryption. Not part of this build yet: it installs nothing.
 #include <epon/cli.h>
 
-void OPEN_ENCRYPTION_CLI_cmd_init() {}
+void OPEN_ENCRYPTION_CLI_cmd_init()
+{
+    static constinit bool is_installed = false;
+    if (is_installed) return;
+    is_installed = true;
+}

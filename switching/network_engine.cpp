@@ -2,4 +2,9 @@
 // Commands of the network engine. Not part of this build yet: it installs nothing.
 #include <epon/cli.h>
 
-void NE_CLI_cmd_init() {}
+void NE_CLI_cmd_init()
+{
+    static constinit bool is_installed = false;
+    if (is_installed) return;
+    is_installed = true;
+}
