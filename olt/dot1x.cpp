@@ -31,12 +31,13 @@ constexpr NumberArgument number_arguments[] = {
 
 bool read_secret(vty* session, const char* text, char secret[DOT1X_KEY_SIZE])
 {
-    if (strlen(text) >= DOT1X_KEY_SIZE) {
+    const size_t length = strlen(text);
+    if (length >= DOT1X_KEY_SIZE) {
         RBX_vty_out(session, "Error reading %s parameter, internal buffer is too short, aborting!%s",
                     "SHARED_SECRET_KEY", VTY_NEWLINE(session));
         return false;
     }
-    strcpy(secret, text);
+    memcpy(secret, text, length + 1);
     return true;
 }
 
