@@ -59,8 +59,6 @@ bool is_space(char c)
     return c == ' ' || (c >= '\t' && c <= '\r');
 }
 
-enum { SHORT_WORD_SIZE = 10 };
-
 // The first word of a text. False when there is none.
 bool scan_word(const char** text, size_t* length)
 {
@@ -78,9 +76,9 @@ constexpr Word true_false_words[] = {{"true", 1}, {"false", 0}};
 
 } // namespace
 
-constinit const WordTable enable_disable = {"enable_disable", enable_disable_words, true};
+constinit const WordTable enable_disable = {"enable_disable", enable_disable_words, room_for(enable_disable_words)};
 constinit const WordTable enable_disable_capital = {"enable_disable", enable_disable_capital_words};
-constinit const WordTable true_false = {"true_false", true_false_words, true};
+constinit const WordTable true_false = {"true_false", true_false_words, room_for(true_false_words)};
 
 bool read_number(vty* session, const char* text, const NumberRule& rule, int64_t* value)
 {
@@ -118,8 +116,8 @@ int32_t read_bounded_decimal(const char* text)
 bool read_word(vty* session, const char* text, const char* name, const WordTable& table, int32_t* value)
 {
     size_t length = strlen(text);
-    if (table.is_short) {
-        if (length >= SHORT_WORD_SIZE) {
+    if (table.room != 0) {
+        if (length >= table.room) {
             RBX_vty_out(session, "Error reading %s parameter, internal buffer is too short, aborting!%s", name,
                         VTY_NEWLINE(session));
             return false;
@@ -159,27 +157,40 @@ bool read_llid(vty* session, const char* text, int16_t* llid)
     return read_number(session, text, signed_16("LLID_INDEX"), llid);
 }
 
-MacResult read_mac(vty* session, const char* text, const char* what, uint8_t mac[6])
+bool read_mac_text(vty* session, const char* text, char copy[MAC_TEXT_LENGTH + 1])
 {
     size_t length;
     if (!scan_word(&text, &length)) {
         RBX_vty_out(session, "Error reading mac_address parameter for command from input, aborting%s",
                     VTY_NEWLINE(session));
-        return MacResult::NotAWord;
+        return false;
     }
     if (length > MAC_TEXT_LENGTH) {
         RBX_vty_out(session, "Error reading mac_address has wrong length, aborting%s", VTY_NEWLINE(session));
-        return MacResult::NotAWord;
+        return false;
     }
-    char copy[MAC_TEXT_LENGTH + 1]; // the parser splits its text in place
     memcpy(copy, text, length);
     copy[length] = '\0';
-    if (CLI_parse_mac_addr_from_string(copy, mac) != 0) {
-        RBX_vty_out(session, "Error reading %s parameter from the MAC address string, aborting%s", what,
-                    VTY_NEWLINE(session));
-        return MacResult::NotAnAddress;
-    }
-    return MacResult::Read;
+    return true;
+}
+
+bool parse_mac(vty* session, const char* text, const char* what, uint8_t mac[6])
+{
+    char copy[VTY_MAC_TEXT_SIZE]; // the parser splits its text in place
+    const size_t length = strnlen(text, sizeof copy - 1);
+    memcpy(copy, text, length);
+    copy[length] = '\0';
+    if (CLI_parse_mac_addr_from_string(copy, mac) == 0) return true;
+    RBX_vty_out(session, "Error reading %s parameter from the MAC address string, aborting%s", what,
+                VTY_NEWLINE(session));
+    return false;
+}
+
+MacResult read_mac(vty* session, const char* text, const char* what, uint8_t mac[6])
+{
+    char word[MAC_TEXT_LENGTH + 1];
+    if (!read_mac_text(session, text, word)) return MacResult::NotAWord;
+    return parse_mac(session, word, what, mac) ? MacResult::Read : MacResult::NotAnAddress;
 }
 
 bool read_link_by_mac(vty* session, int16_t olt_id, const char* text, const char* which, int16_t* link, int* result)

@@ -2,6 +2,7 @@
 // How handlers read their words. A reader that refuses a word has printed its one line; the handler only returns.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
 
@@ -70,8 +71,22 @@ struct Word {
 struct WordTable {
     const char* type_name; // as the refusal calls it
     std::span<const Word> words;
-    bool is_short = false; // words of ten characters or more are refused before they are compared
+    uint8_t room = 0; // a text of that many characters or more is refused before it is compared; 0: any length
 };
+
+// The room that every word of a type fits in, with its end: ten characters, or more in steps of ten.
+constexpr uint8_t room_for(std::span<const Word> words)
+{
+    size_t room = 10;
+    for (const Word& word : words) {
+        size_t length = 0;
+        while (word.text[length] != '\0')
+            ++length;
+        while (length >= room)
+            room += 10;
+    }
+    return static_cast<uint8_t>(room);
+}
 
 extern const WordTable enable_disable;         // "enable" 1, "disable" 0
 extern const WordTable enable_disable_capital; // the same as listings print it
@@ -95,7 +110,14 @@ enum { MAC_TEXT_LENGTH = 17 }; // "AA-BB-CC-DD-EE-FF"
 
 enum class MacResult { Read, NotAWord, NotAnAddress };
 
-// A MAC address; what names it in the refusal of a malformed one ("MAC address"). The text itself stays as typed.
+// The one word of a text that is to be a MAC address, copied. False with its line when there is none, or when it is
+// longer than an address.
+bool read_mac_text(vty* session, const char* text, char copy[MAC_TEXT_LENGTH + 1]);
+
+// The address that a text holds; what names it in the refusal of a malformed one. The text itself stays as it is.
+bool parse_mac(vty* session, const char* text, const char* what, uint8_t mac[6]);
+
+// Both. what names it in the refusal of a malformed one ("MAC address"). The text itself stays as typed.
 MacResult read_mac(vty* session, const char* text, const char* what, uint8_t mac[6]);
 
 // The link that belongs to an ONU's MAC address on an OLT. On false the refusal is printed, naming the address as

@@ -66,6 +66,12 @@ void format_field(const Field& field, const void* record, char text[FIELD_TEXT_S
     case FieldFormat::Uint64:
         snprintf(text, FIELD_TEXT_SIZE, "%" PRIu64, value_of<uint64_t>(field, record));
         break;
+    case FieldFormat::Counter:
+        snprintf(text, FIELD_TEXT_SIZE, "%Lg", static_cast<long double>(value_of<uint64_t>(field, record)));
+        break;
+    case FieldFormat::Hex16:
+        snprintf(text, FIELD_TEXT_SIZE, "0x%hx", value_of<uint16_t>(field, record));
+        break;
     case FieldFormat::Hex32:
         snprintf(text, FIELD_TEXT_SIZE, "0x%" PRIx32, value_of<uint32_t>(field, record));
         break;

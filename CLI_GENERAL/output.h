@@ -37,7 +37,9 @@ enum class FieldFormat : uint8_t {
     Int32,
     Uint32,
     Uint64,
+    Hex16,      // 0x%hx
     Hex32,      // 0x%x
+    Counter,    // uint64 as %Lg
     Hundredths, // int32 in hundredths: -12.34
     Mac,        // six bytes, 00-11-22-33-44-55
     HexMac,     // six bytes, "0x%02x-" each
