@@ -53,6 +53,13 @@ inline constexpr std::int16_t BROADCAST_ONU = 4095;
 
 enum class OnuRate : std::int32_t { Rate1G = 0, Rate10G1G = 1, Rate10G = 2 };
 
+// What an ONU does with OAM requests of one organization.
+enum class OamAnswer : std::int32_t {
+    Answers,
+    None,   // it has told that it does not speak them
+    Silent, // it lets them go unanswered
+};
+
 // What is set on an ONU, family by family. It goes back to what the scenario says when the ONU loses its registration.
 struct OnuConfiguration {
     EncryptionDirection encryption_direction;
@@ -73,10 +80,12 @@ struct Onu {
     std::int32_t mode = ONU_MODE_UNREGISTERED;
     std::int32_t home_mode = ONU_MODE_UNREGISTERED; // the mode it takes when its OLT has started
     bool is_static = false;
-    bool is_warned = false;             // for a mode change
-    std::uint32_t rtt = 0;              // time quanta of 16 ns
-    std::uint32_t frame_error_rate = 0; // lost test frames in a million
-    std::string name, serial_number;    // as the device tells them: any octets
+    bool is_warned = false;                           // for a mode change
+    std::uint32_t rtt = 0;                            // time quanta of 16 ns
+    std::uint32_t frame_error_rate = 0;               // lost test frames in a million
+    OamAnswer extended_oam = OamAnswer::Answers;      // of the CTC stack
+    OamAnswer remote_management = OamAnswer::Answers; // of remote management
+    std::string name, serial_number;                  // as the device tells them: any octets
     OnuImage image;
     OnuConfiguration configuration, initial_configuration;
 };

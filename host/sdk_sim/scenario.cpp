@@ -29,6 +29,9 @@ constexpr ScenarioWord mode_words[] = {{"unregistered", ONU_MODE_UNREGISTERED},
 constexpr ScenarioWord rate_words[] = {{"1g", static_cast<int>(OnuRate::Rate1G)},
                                        {"10g/1g", static_cast<int>(OnuRate::Rate10G1G)},
                                        {"10g", static_cast<int>(OnuRate::Rate10G)}};
+constexpr ScenarioWord answer_words[] = {{"answers", static_cast<int>(OamAnswer::Answers)},
+                                         {"none", static_cast<int>(OamAnswer::None)},
+                                         {"silent", static_cast<int>(OamAnswer::Silent)}};
 
 // The address `steps` after another.
 Mac add_to_mac(const Mac& mac, std::uint64_t steps)
@@ -74,6 +77,8 @@ Onu read_onu(ScenarioReader& reader)
     reader.flag("warned", &onu.is_warned);
     reader.number("rtt", 0, 65534, &onu.rtt);
     reader.number("frame_error_rate", 0, 1000000, &onu.frame_error_rate);
+    reader.word("extended_oam", answer_words, &onu.extended_oam);
+    reader.word("remote_management", answer_words, &onu.remote_management);
     reader.text("name", ONU_TEXT_LENGTH, &onu.name);
     reader.text("serial_number", ONU_TEXT_LENGTH, &onu.serial_number);
     onu.initial_configuration = onu.configuration;
