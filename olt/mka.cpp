@@ -147,6 +147,12 @@ int set_value(vty* session, const LinkParameter& parameter, const MKA_value& val
     return report(session, NEP_mka_set_llid_parameter(parameter.olt_id, parameter.llid, parameter.code, &value));
 }
 
+// The words that begin every command about the parameters of an OLT.
+bool read_global_parameter(vty* session, char** argv, int16_t* olt_id, int32_t* parameter)
+{
+    return read_olt_id(session, argv[0], olt_id) && read_word(session, argv[1], "param", global_parameter, parameter);
+}
+
 } // namespace
 
 int start_mka_exchange_key(cmd_element*, vty* session, int, char** argv)
@@ -192,8 +198,7 @@ int set_mka_parameter_ulong(cmd_element*, vty* session, int, char** argv)
     int16_t olt_id;
     int32_t parameter;
     uint32_t value;
-    if (!read_olt_id(session, argv[0], &olt_id)) return -1;
-    if (!read_word(session, argv[1], "param", global_parameter, &parameter)) return -1;
+    if (!read_global_parameter(session, argv, &olt_id, &parameter)) return -1;
     if (!read_number(session, argv[2], unsigned_32("VALUE"), &value)) return -1;
     return report(session, NEP_mka_set_global_parameter(olt_id, parameter, value));
 }
@@ -203,8 +208,7 @@ int show_mka_global_parameter(cmd_element*, vty* session, int, char** argv)
     int16_t olt_id;
     int32_t parameter;
     uint32_t value;
-    if (!read_olt_id(session, argv[0], &olt_id)) return -1;
-    if (!read_word(session, argv[1], "param", global_parameter, &parameter)) return -1;
+    if (!read_global_parameter(session, argv, &olt_id, &parameter)) return -1;
     const int16_t code = NEP_mka_get_global_parameter(olt_id, parameter, &value);
     if (code != 0) return report(session, code);
     print_olt_id(session, olt_id);
