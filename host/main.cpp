@@ -14,6 +14,7 @@
 #include "host/command_list.h"
 #include "host/engine/engine_host.h"
 #include "host/node_rules.h"
+#include "host/refusal_lines.h"
 #include "host/sdk_sim/sdk_sim.h"
 #include "host/simulate.h"
 
@@ -44,6 +45,7 @@ void start_console(unsigned short port)
     init_epon_driver();
     CLI_set_port(port);
     install_node_rules();
+    engine::set_refusal_check(is_refusal_line);
     CLI_activate();
     install_simulate_commands();
     init_packages();

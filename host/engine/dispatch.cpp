@@ -35,6 +35,7 @@ std::string_view trimmed(std::string_view line)
 // Points at the word where it stands on the screen, if the line did not wrap.
 void print_caret(Session& session, std::string_view line, std::string_view word)
 {
+    if (session.machine) return; // it sees no line to point into
     auto offset = static_cast<std::size_t>(word.data() - line.data());
     std::size_t column = session.editor.prompt_columns() + columns_of(line.substr(0, offset));
     std::size_t width = session.editor.width() > 0 ? session.editor.width() : PLAIN_WIDTH;

@@ -56,6 +56,10 @@ void install_host_element(int node, cmd_element* element);
 // Every element of the given origin, by node id and order of installation.
 void for_each_element(Origin origin, const std::function<void(int node, const cmd_element&)>& visit);
 
+// Tells whether a printed line says that its command was refused, although the handler returned 0; for programs in
+// machine mode. null: no line says so.
+void set_refusal_check(bool (*check)(std::string_view line));
+
 // --- While the console is served ----------------------------------------------------------------------------------
 
 // Lets the console thread serve, when the options made it wait. Nothing may be installed after it.

@@ -178,7 +178,7 @@ void unwatch(int fd)
 
 void watch_session(Session& session)
 {
-    bool reads = session.phase == Phase::Open && !session.in_ended;
+    bool reads = session.phase == Phase::Open && !session.in_ended && !holds_input(session);
     std::uint32_t events = reads ? EPOLLIN : 0U;
     if (session.waits_to_send) events |= EPOLLOUT;
     watch(session.fd, events, CONNECTION | session.index);

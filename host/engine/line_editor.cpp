@@ -139,6 +139,10 @@ LineEditor::Action LineEditor::control(unsigned char byte, std::string* echo)
         non_ascii(byte, echo);
         if (!broken) return Action::None;
     }
+    if (mode.plain && byte != '\r' && byte != '\n' && byte != '\t') {
+        foreign = true;
+        return Action::None;
+    }
     if (escape_state != Escape::None && byte >= 0x20) {
         escape(byte, echo);
         return Action::None;

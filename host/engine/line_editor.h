@@ -30,6 +30,7 @@ class LineEditor {
         bool echo = true;    // the client shows nothing by itself
         bool secret = false; // a password: no echo, history, help or completion
         bool help = true;    // "?" asks for help
+        bool plain = false;  // a program types: no byte is a key, and control bytes spoil the line
     };
 
     struct Fed {
@@ -62,6 +63,10 @@ class LineEditor {
     bool echoes() const
     {
         return mode.echo;
+    }
+    bool hides() const
+    {
+        return mode.secret;
     }
     bool too_long() const
     {

@@ -97,6 +97,7 @@ Session* take_session(int type)
     session->phase = Phase::Open;
     session->opened = session->last_input = Clock::now();
     session->in_ended = session->waits_to_send = session->queued = false;
+    session->may_ask_machine = false;
     session->local = session->at_prompt = session->closing = session->cut_off = false;
     session->connected = false;
     session->login_failures = 0;
@@ -130,6 +131,7 @@ void withdraw(Session& session)
 void free_session(Session& session)
 {
     session.telnet.reset();
+    session.machine.reset();
     for (std::string* text : {&session.in, &session.out, &session.from})
         std::string().swap(*text);
     session.in_at = session.out_sent = 0;
@@ -145,6 +147,10 @@ bool append_output(Session& session, std::string_view text)
     if (session.cut_off || session.phase != Phase::Open) return false;
     if (!session.connected) {
         session.out += text;
+        return true;
+    }
+    if (session.machine) {
+        keep_output(*session.machine, text);
         return true;
     }
     append_telnet_text(text, &session.out);

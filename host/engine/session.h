@@ -18,6 +18,7 @@
 #include "host/engine/engine_host.h"
 #include "host/engine/event_buffer.h"
 #include "host/engine/line_editor.h"
+#include "host/engine/machine_mode.h"
 #include "host/engine/telnet.h"
 
 namespace engine {
@@ -66,10 +67,12 @@ struct Session : vty {
 
     LineEditor editor;
     Match match;
-    bool local = false;     // came through the local socket
-    bool at_prompt = false; // the prompt is the last thing on the screen, but for what is being typed
-    bool closing = false;   // to be closed after the line being executed
-    bool cut_off = false;   // nothing can be sent any more
+    std::unique_ptr<MachineMode> machine; // null: an operator's session
+    bool may_ask_machine = false;         // a local session whose first line has not come yet
+    bool local = false;                   // came through the local socket
+    bool at_prompt = false;               // the prompt is the last thing on the screen, but for what is being typed
+    bool closing = false;                 // to be closed after the line being executed
+    bool cut_off = false;                 // nothing can be sent any more
     int login_failures = 0;
 };
 
@@ -77,6 +80,12 @@ Session* session_of(vty* session);
 inline std::size_t unsent(const Session& session)
 {
     return session.out.size() - session.out_sent;
+}
+
+// A program in machine mode gets no further line executed before it has read the last answers.
+inline bool holds_input(const Session& session)
+{
+    return session.machine != nullptr && session.waits_to_send;
 }
 
 // Takes a record from the pool, in the view node; null when all are in use.

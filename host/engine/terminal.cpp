@@ -38,9 +38,16 @@ void show_prompt(Session& session)
     mode.echo = session.local ? session.telnet->echo : true;
     mode.secret = secret;
     mode.help = rules.raw_line == nullptr || rules.raw_help != nullptr;
+    if (session.machine) {
+        mode.echo = mode.help = false;
+        mode.plain = true;
+    }
     std::string text = prompt(&session);
     session.editor.begin(columns_of(text), mode);
-    append_output(session, text);
+    if (session.machine)
+        send_answer(session, text);
+    else
+        append_output(session, text);
     session.at_prompt = true;
 }
 
@@ -58,6 +65,10 @@ void show_events(Session& session)
     if (!session.at_prompt || session.node == AUTH_NODE || unsent(session) > EVENT_HOLD) return;
     std::string lines = take_event_lines(session);
     if (lines.empty()) return;
+    if (session.machine) {
+        send_events(session, lines);
+        return;
+    }
     std::string erased;
     session.editor.erase(&erased);
     append_output(session, erased);
@@ -84,6 +95,10 @@ void check_password(Session& session)
 void finish_line(Session& session)
 {
     LineEditor& editor = session.editor;
+    if (session.machine) {
+        ++session.machine->requests;
+        session.machine->owes_answer = true;
+    }
     if (session.node == AUTH_NODE) {
         check_password(session);
     } else if (editor.too_long()) {
@@ -92,7 +107,8 @@ void finish_line(Session& session)
         print(session, LINE_REFUSED, newline(session));
     } else {
         std::string line = editor.line();
-        run_line(session, line);
+        Outcome outcome = run_line(session, line);
+        if (session.machine) session.machine->outcome = outcome;
     }
 }
 
@@ -152,8 +168,19 @@ bool act(Session& session, LineEditor::Action action)
     return false;
 }
 
+// What a local session begins with tells what sits at its other end.
+void look_at_first_line(Session& session)
+{
+    FirstLine first = take_first_line(session);
+    if (first == FirstLine::Incomplete) return;
+    session.may_ask_machine = false;
+    if (first == FirstLine::Request) show_prompt(session);
+}
+
 void process_input(Session& session)
 {
+    if (session.may_ask_machine) look_at_first_line(session);
+    if (session.may_ask_machine) return;
     Clock::time_point start = Clock::now();
     int lines = 0;
     std::string echo;
@@ -164,8 +191,12 @@ void process_input(Session& session)
         session.in_at += taken;
         append_output(session, echo);
         if (act(session, action)) {
-            if (session.node != AUTH_NODE) append_output(session, take_event_lines(session));
+            if (session.node != AUTH_NODE && !session.machine) append_output(session, take_event_lines(session));
             if (!session.closing) show_prompt(session);
+            if (session.machine) {
+                send_output(session);
+                if (holds_input(session)) break;
+            }
             if (++lines >= LINES_PER_TURN) break;
         }
         if (Clock::now() - start > TIME_PER_TURN) break;
@@ -179,6 +210,10 @@ void process_input(Session& session)
 
 void take_telnet(Session& session, std::string_view bytes)
 {
+    if (session.machine) { // no telnet any more
+        session.in += bytes;
+        return;
+    }
     Telnet& telnet = *session.telnet;
     bool sound = telnet.receive(bytes);
     session.in += telnet.typed;
@@ -247,7 +282,7 @@ void open_connection(int fd, bool local, const std::string& from)
     Session& session = *taken;
     session.fd = fd;
     session.connected = true;
-    session.local = local;
+    session.local = session.may_ask_machine = local;
     session.from = from;
     session.telnet = std::make_unique<Telnet>(!local);
     if (!password_hash().empty()) session.node = AUTH_NODE;
@@ -265,6 +300,7 @@ void close_connection(Session& session, const char* last_line)
     if (session.phase == Phase::Open) {
         if (last_line != nullptr) print(session, "%s%s%s", newline(session), last_line, newline(session));
         retire(session);
+        if (session.machine && !session.cut_off) send_closing(session);
         send_output(session);
         session.phase = Phase::Draining;
         session.drain_end = Clock::now() + DRAIN_TIME;
@@ -290,16 +326,17 @@ int serve_session(thread* work)
         return 0;
     }
     session.flush_wanted.store(false);
-    if (session.in_at == session.in.size() && !session.in_ended && !session.cut_off) receive(session);
-    process_input(session);
-    bool input_left = session.in_at < session.in.size();
+    bool all_taken = session.in_at == session.in.size() || session.may_ask_machine;
+    if (all_taken && !session.in_ended && !session.cut_off && !holds_input(session)) receive(session);
+    if (!holds_input(session)) process_input(session);
+    bool input_left = session.in_at < session.in.size() && !session.may_ask_machine;
     if (session.closing || session.cut_off || (session.in_ended && !input_left)) {
         close_connection(session, nullptr);
         return 0;
     }
     show_events(session);
     send_output(session);
-    if (session.cut_off || input_left) queue_session(session);
+    if (session.cut_off || (input_left && !holds_input(session))) queue_session(session);
     return 0;
 }
 
