@@ -16,4 +16,23 @@ int report_remote(vty* session, int16_t code);
 // The answer of a command that shows a record of an ONU, or the failed call that should have read it. Returns 0.
 int show_remote_record(vty* session, int16_t code, const void* record, std::span<const Field> fields);
 
+// The whole of a command that shows what one operation reads, and has no words of its own.
+template <class Record>
+int show_remote(vty* session, int argc, char** argv, int16_t (*get)(int16_t olt_id, int16_t onu_id, Record* record),
+                std::span<const Field> fields)
+{
+    OnuTarget onu;
+    int result;
+    if (!read_onu_target(session, argc, argv, &onu, &result)) return result;
+    Record record{};
+    const int16_t code = get(onu.olt_id, onu.onu_id, &record);
+    return show_remote_record(session, code, &record, fields);
+}
+
+// The ONU of a command that sets something: the session's.
+inline bool read_session_target(vty* session, OnuTarget* onu, int* result)
+{
+    return read_onu_target(session, 0, nullptr, onu, result);
+}
+
 } // namespace epon
