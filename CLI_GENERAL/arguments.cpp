@@ -157,21 +157,26 @@ bool read_llid(vty* session, const char* text, int16_t* llid)
     return read_number(session, text, signed_16("LLID_INDEX"), llid);
 }
 
-bool read_mac_text(vty* session, const char* text, char copy[MAC_TEXT_LENGTH + 1])
+bool read_text(vty* session, const char* text, const char* name, char* copy, size_t size)
 {
     size_t length;
     if (!scan_word(&text, &length)) {
-        RBX_vty_out(session, "Error reading mac_address parameter for command from input, aborting%s",
+        RBX_vty_out(session, "Error reading %s parameter for command from input, aborting%s", name,
                     VTY_NEWLINE(session));
         return false;
     }
-    if (length > MAC_TEXT_LENGTH) {
-        RBX_vty_out(session, "Error reading mac_address has wrong length, aborting%s", VTY_NEWLINE(session));
+    if (length >= size) {
+        RBX_vty_out(session, "Error reading %s has wrong length, aborting%s", name, VTY_NEWLINE(session));
         return false;
     }
     memcpy(copy, text, length);
     copy[length] = '\0';
     return true;
+}
+
+bool read_mac_text(vty* session, const char* text, char copy[MAC_TEXT_LENGTH + 1])
+{
+    return read_text(session, text, "mac_address", copy, MAC_TEXT_LENGTH + 1);
 }
 
 bool parse_mac(vty* session, const char* text, const char* what, uint8_t mac[6])

@@ -98,6 +98,9 @@ bool read_word(vty* session, const char* text, const char* name, const WordTable
 // The word of a value, or "Invalid value".
 const char* word_of(const WordTable& table, int32_t value);
 
+// The one word of a text, copied. False with its line when there is none, or when it has size characters or more.
+bool read_text(vty* session, const char* text, const char* name, char* copy, size_t size);
+
 // --- Targets and addresses ---------------------------------------------------------------------------------------
 
 // An OLT index. Whether that OLT exists is left to the SDK.
