@@ -10,6 +10,8 @@ struct Refusal {
 
 constexpr Refusal refusals[] = {
     {"Error", ", aborting"}, // arguments
+    {"There is no ", " mac address in the system"},
+    {"Command return error.", ""}, // remote management returns 0 after a failure, too
     {"OLT id (", ") doesn't exist. Can't enter "},
     {"Error, ", " isn't registered. Entering to "},
     {"Can't enter ", " is out of bounds. "},

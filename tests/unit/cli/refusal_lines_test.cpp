@@ -34,6 +34,14 @@ TEST_F(RefusalLines, OfArguments)
     enter(CONFIG_NODE);
     EXPECT_TRUE(refused("no olt 3x"));
     EXPECT_TRUE(refused("show llid mode 0 llid-mac-address 1-2"));
+    EXPECT_TRUE(refused("show llid mode 0 llid-mac-address 02-00-00-00-00-77"));
+}
+
+TEST_F(RefusalLines, OfTheSdk)
+{
+    enter(CONFIG_NODE);
+    const std::string text = type("no olt 9");
+    EXPECT_TRUE(is_refusal_line(std::string_view(text).substr(0, text.find("\r\n"))));
 }
 
 TEST_F(RefusalLines, OrdinaryAnswersAreNone)
