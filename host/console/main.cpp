@@ -1,48 +1,107 @@
 // SPDX-License-Identifier: Apache-2.0
-// epon-console: a terminal on the console's local socket.
-#include <csignal>
+// epon-console: a terminal, or a script, on the console's local socket.
 #include <cstdio>
 #include <string>
+#include <vector>
 
 #include <CLI/CLI.hpp>
 
+#include "password_prompt.h"
+#include "script.h"
 #include "session.h"
+#include "signals.h"
 
-int main(int argc, char** argv)
+namespace {
+
+struct Wanted {
+    std::string socket = "/var/run/zebra.vty";
+    std::vector<std::string> commands;
+    std::string file;
+    std::string node;
+    console::Script script;
+    long wait = 0;
+    long limit = 0;
+    bool hash_password = false;
+};
+
+void add_options(CLI::App& options, Wanted& wanted)
 {
-    CLI::App options("Opens the console of a running epon-host over its local socket.\n"
-                     "Ctrl-] leaves. Lines piped in are carried out one after the other.");
-    std::string path = "/var/run/zebra.vty";
-    options.add_option("--socket", path, "local socket of the console")->capture_default_str();
-    try {
-        options.parse(argc, argv);
-    } catch (const CLI::ParseError& error) {
-        return options.exit(error) == 0 ? 0 : 1;
-    }
+    constexpr long LONGEST = 30L * 24 * 3600;
+    options.set_version_flag("--version", "epon-console 2.0");
+    options.add_option("--socket", wanted.socket, "Local socket of the console")->capture_default_str();
+    options.add_option("--node", wanted.node, "First go there: \"enable; configure terminal; olt 0\"");
+    CLI::Option* command =
+        options.add_option("-c,--command", wanted.commands, "Carry out this command; may be given several times")
+            ->allow_extra_args(false);
+    options.add_option("-f,--file", wanted.file, "Carry out the commands of this file, one a line; -: standard input")
+        ->excludes(command);
+    options.add_flag("--json", wanted.script.json, "Print one JSON object for each command, one a line");
+    options.add_flag("--echo", wanted.script.echo, "Print prompt and command before each answer");
+    options.add_flag("--keep-going", wanted.script.keep_going, "Go on behind a command that fails");
+    options.add_option("--wait", wanted.wait, "Seconds to print events for, behind the last command")
+        ->check(CLI::Range(0L, LONGEST));
+    options.add_option("--timeout", wanted.limit, "Seconds that an answer may take; 0: any time")
+        ->check(CLI::Range(0L, LONGEST))
+        ->capture_default_str();
+    options.add_flag("--hash-password", wanted.hash_password,
+                     "Ask for a password, or read one from a pipe, and print its hash for the host's users file");
+}
 
-    std::string error;
-    int connection = console::connect_local(path, &error);
-    if (connection < 0) {
-        std::fprintf(stderr, "epon-console: %s\n", error.c_str());
-        return 1;
-    }
+int refuse(const std::string& reason)
+{
+    std::fprintf(stderr, "epon-console: %s\n", reason.c_str());
+    return console::EXIT_NOTHING;
+}
+
+int run_interactive(int connection, const std::vector<std::string>& way)
+{
     int signal_number = 0;
-    switch (console::run_session(connection, &signal_number)) {
+    switch (console::run_session(connection, way, &signal_number)) {
     case console::Ending::ByConsole:
     case console::Ending::ByOperator:
         return 0;
     case console::Ending::Broken:
         std::fprintf(stderr, "epon-console: standard input cannot be read\n");
-        return 1;
+        return console::EXIT_FAILED;
     case console::Ending::BySignal:
         break;
     }
-    // The terminal is back to normal; the caller sees the signal as the reason.
-    std::signal(signal_number, SIG_DFL);
-    sigset_t set;
-    sigemptyset(&set);
-    sigaddset(&set, signal_number);
-    sigprocmask(SIG_UNBLOCK, &set, nullptr);
-    std::raise(signal_number);
-    return 1;
+    console::end_by_signal(signal_number); // the terminal is back to normal
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    CLI::App options("Opens the console of a running epon-host over its local socket; Ctrl-] leaves.\n"
+                     "With -c or -f it carries out commands instead: exit code 0 when all succeeded, 1 when one\n"
+                     "failed, 2 when nothing could be done.",
+                     "epon-console");
+    Wanted wanted;
+    add_options(options, wanted);
+    try {
+        options.parse(argc, argv);
+    } catch (const CLI::Success& request) {
+        return options.exit(request); // --help, --version
+    } catch (const CLI::ParseError& fault) {
+        return refuse(fault.what());
+    }
+    if (wanted.hash_password) return console::hash_password();
+
+    console::Script& script = wanted.script;
+    std::string error;
+    for (const std::string& command : wanted.commands)
+        console::add_lines(command, "", &script.lines);
+    if (!wanted.file.empty() && !console::read_script(wanted.file, &script.lines, &error)) return refuse(error);
+    script.way = console::split_way(wanted.node);
+    script.wait = std::chrono::seconds(wanted.wait);
+    script.limit = std::chrono::seconds(wanted.limit);
+
+    bool interactive = wanted.commands.empty() && wanted.file.empty();
+    if (interactive && (script.json || script.echo || script.keep_going || wanted.wait > 0 || wanted.limit > 0))
+        return refuse("--json, --echo, --keep-going, --wait and --timeout go with -c or -f");
+    int connection = console::connect_local(wanted.socket, &error);
+    if (connection < 0) return refuse(error);
+    if (interactive) return run_interactive(connection, script.way);
+    return console::run_script(connection, script);
 }

@@ -12,6 +12,7 @@
 #include <sys/un.h>
 #include <unistd.h>
 
+#include "signals.h"
 #include "telnet_filter.h"
 #include "terminal.h"
 
@@ -21,48 +22,6 @@ namespace {
 
 constexpr char LEAVE_KEY = 0x1D;          // Ctrl-]
 constexpr std::size_t KEYS_LIMIT = 65536; // keys that a console which takes nothing may keep waiting
-constexpr std::array ENDING_SIGNALS = {SIGINT, SIGTERM, SIGHUP, SIGQUIT};
-
-volatile std::sig_atomic_t ending_signal = 0;
-volatile std::sig_atomic_t window_changed = 0;
-volatile std::sig_atomic_t stop_asked = 0;
-
-void note_signal(int number)
-{
-    if (number == SIGWINCH)
-        window_changed = 1;
-    else if (number == SIGTSTP)
-        stop_asked = 1;
-    else
-        ending_signal = number;
-}
-
-// Blocks the signals that the session looks at, so that they arrive nowhere but inside ppoll. Returns the mask to
-// wait with.
-sigset_t take_signals()
-{
-    struct sigaction action {};
-    action.sa_handler = note_signal;
-    sigset_t blocked;
-    sigset_t waiting;
-    sigemptyset(&blocked);
-    for (int number : ENDING_SIGNALS) {
-        sigaction(number, &action, nullptr);
-        sigaddset(&blocked, number);
-    }
-    for (int number : {SIGWINCH, SIGTSTP}) {
-        sigaction(number, &action, nullptr);
-        sigaddset(&blocked, number);
-    }
-    signal(SIGPIPE, SIG_IGN);
-    sigprocmask(SIG_BLOCK, &blocked, &waiting);
-    // A shell may have started this program with some of them blocked; while waiting none of them is.
-    for (int number : ENDING_SIGNALS)
-        sigdelset(&waiting, number);
-    sigdelset(&waiting, SIGWINCH);
-    sigdelset(&waiting, SIGTSTP);
-    return waiting;
-}
 
 bool write_all(int descriptor, std::string_view text)
 {
@@ -82,12 +41,13 @@ bool write_all(int descriptor, std::string_view text)
 
 class Session {
   public:
-    explicit Session(int connection_)
+    Session(int connection_, const std::vector<std::string>& first_lines)
         : connection(connection_), keys(isatty(STDIN_FILENO) != 0), shown_on_terminal(isatty(STDOUT_FILENO) != 0),
           terminal(STDIN_FILENO)
     {
         to_console = telnet_greeting(shown_on_terminal);
-        window_changed = 1; // the size is told once at the start
+        for (const std::string& line : first_lines)
+            to_console += telnet_escape(line + "\r");
     }
 
     Ending run(int* signal_number);
@@ -108,6 +68,7 @@ class Session {
     bool input_open = true;
     bool input_ended = false; // the console was told that no more lines come
     bool left = false;        // Ctrl-]
+    bool size_wanted = true;  // the console is to be told the window's size
     char last_sent = '\n';
     char last_shown = '\n';
     bool held_cr = false; // a carriage return that may belong to a line end
@@ -179,23 +140,21 @@ void Session::handle_stop()
     terminal.restore();
     raise(SIGSTOP);
     if (keys) terminal.enter();
-    window_changed = 1;
+    size_wanted = true;
 }
 
 Ending Session::run(int* signal_number)
 {
     sigset_t waiting = take_signals();
     for (;;) {
-        if (ending_signal != 0) {
-            *signal_number = ending_signal;
+        if (ending_signal() != 0) {
+            *signal_number = ending_signal();
             return Ending::BySignal;
         }
-        if (stop_asked != 0) {
-            stop_asked = 0;
-            handle_stop();
-        }
-        if (window_changed != 0) {
-            window_changed = 0;
+        if (take_stop_request()) handle_stop();
+        if (take_window_change()) size_wanted = true;
+        if (size_wanted) {
+            size_wanted = false;
             if (shown_on_terminal) to_console += telnet_window_size(window_size(STDOUT_FILENO));
         }
         // A connection that takes nothing more may still hold the last answers; reading finds its end.
@@ -243,9 +202,9 @@ int connect_local(const std::string& path, std::string* error)
     return connection;
 }
 
-Ending run_session(int connection, int* signal_number)
+Ending run_session(int connection, const std::vector<std::string>& first_lines, int* signal_number)
 {
-    Session session(connection);
+    Session session(connection, first_lines);
     Ending ending = session.run(signal_number);
     close(connection);
     return ending;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace console {
 
@@ -12,8 +13,8 @@ int connect_local(const std::string& path, std::string* error);
 enum class Ending { ByConsole, ByOperator, BySignal, Broken };
 
 // Carries bytes between standard input and output and the console until one of them ends. With a terminal, every key
-// goes to the console and Ctrl-] leaves; otherwise lines are sent, and the answers to all of them printed.
-// *signal_number tells the signal that ended it.
-Ending run_session(int connection, int* signal_number);
+// goes to the console and Ctrl-] leaves; otherwise lines are sent, and the answers to all of them printed. The first
+// lines go ahead of what is typed. *signal_number tells the signal that ended it.
+Ending run_session(int connection, const std::vector<std::string>& first_lines, int* signal_number);
 
 } // namespace console

@@ -44,7 +44,7 @@ def test_piped_logout(host, console):
 def test_nobody_there(host, console):
     done = subprocess.run([console, "--socket", host.socket_path + ".none"], capture_output=True, timeout=60,
                           check=False)
-    assert done.returncode == 1 and done.stdout == b"", done
+    assert done.returncode == 2 and done.stdout == b"", done
     assert done.stderr.startswith(b"epon-console: cannot connect to ") and done.stderr.count(b"\n") == 1, done
 
 
