@@ -3,6 +3,7 @@
 #include "host/engine/command_tree.h"
 
 #include <algorithm>
+#include <cstring>
 #include <limits>
 #include <utility>
 
@@ -13,6 +14,10 @@ namespace engine {
 namespace {
 
 constexpr std::size_t NONE = std::numeric_limits<std::size_t>::max();
+
+// That many keywords are looked through one by one; more are found by a table, unless they are too many for its slots.
+constexpr std::size_t SCANNED_KEYWORDS = 12;
+constexpr std::size_t TABLE_LIMIT = 32 * 1024;
 
 // The same word of two grammars: one token, or the same alternatives in the same order.
 bool same_word(const Grammar& a, std::size_t token_a, const Grammar& b, std::size_t token_b)
@@ -41,12 +46,15 @@ std::size_t find_word(const TreeNode& node, const Grammar& grammar, std::size_t 
     return NONE;
 }
 
-void add_edge(TreeNode* node, const Edge& edge)
+void add_edge(TreeNode* node, Edge edge)
 {
     if (edge.grammar->token(edge.token).kind != WordKind::Keyword) {
         node->edges.push_back(edge);
         return;
     }
+    edge.check = check_of(form_of(edge));
+    node->first_letters |= TreeNode::letter_bit(form_of(edge));
+    node->table.clear();
     auto end = node->edges.begin() + node->keyword_count;
     auto at = end;
     // Commands often come sorted.
@@ -63,7 +71,29 @@ void add_word(TreeNode* node, const Grammar* grammar, std::size_t token)
 {
     std::size_t end = grammar->after_word(token);
     for (; token < end; token++)
-        add_edge(node, {grammar, LEAF, static_cast<std::uint16_t>(token)});
+        add_edge(node, {grammar, LEAF, static_cast<std::uint16_t>(token), 0});
+}
+
+// Takes eight letters at a time: words that differ in one of them get different values.
+std::size_t keyword_hash(std::string_view word)
+{
+    constexpr std::uint64_t SPREAD = 0x9e3779b97f4a7c15;
+    constexpr std::size_t STEP = sizeof(std::uint64_t);
+    std::uint64_t hash = word.size();
+    while (!word.empty()) {
+        std::uint64_t letters = 0;
+        std::string_view part = word.substr(0, STEP);
+        if (part.size() == STEP) {
+            std::memcpy(&letters, part.data(), STEP);
+        } else {
+            for (char letter : part)
+                letters = letters << 8 | static_cast<unsigned char>(letter);
+        }
+        hash = (hash ^ letters) * SPREAD;
+        hash ^= hash >> 32;
+        word.remove_prefix(part.size());
+    }
+    return static_cast<std::size_t>(hash);
 }
 
 // Gives the leaf a tree node of its own, from which the rest of its command hangs.
@@ -91,6 +121,60 @@ std::span<const Edge> TreeNode::keywords_from(std::string_view word) const
     auto first = std::lower_bound(all.begin(), all.end(), word,
                                   [](const Edge& edge, std::string_view text) { return form_of(edge) < text; });
     return all.subspan(static_cast<std::size_t>(first - all.begin()));
+}
+
+void TreeNode::make_table() const
+{
+    std::size_t size = 1;
+    while (size < keyword_count + keyword_count / 2)
+        size *= 2;
+    table.assign(size, 0);
+    table.shrink_to_fit();
+    std::string_view previous;
+    for (std::size_t index = 0; index < keyword_count; index++) {
+        std::string_view form = form_of(edges[index]);
+        if (form == previous) continue;
+        previous = form;
+        std::size_t slot = keyword_hash(form) & (size - 1);
+        while (table[slot] != 0)
+            slot = (slot + 1) & (size - 1);
+        table[slot] = static_cast<std::uint16_t>(index + 1);
+    }
+}
+
+// Index of the first keyword that is the word; keyword_count when none is.
+std::size_t TreeNode::first_equal(std::string_view word, std::uint16_t check) const
+{
+    if (keyword_count > SCANNED_KEYWORDS) return first_in_table(word, check);
+    std::size_t index = 0;
+    while (index < keyword_count && !is_keyword(edges[index], check, word))
+        index++;
+    return index;
+}
+
+std::size_t TreeNode::first_in_table(std::string_view word, std::uint16_t check) const
+{
+    if (keyword_count > TABLE_LIMIT) {
+        std::span<const Edge> from = keywords_from(word);
+        if (from.empty() || form_of(from.front()) != word) return keyword_count;
+        return static_cast<std::size_t>(&from.front() - edges.data());
+    }
+    if (table.empty()) make_table();
+    std::size_t mask = table.size() - 1;
+    for (std::size_t slot = keyword_hash(word) & mask; table[slot] != 0; slot = (slot + 1) & mask)
+        if (is_keyword(edges[table[slot] - 1U], check, word)) return table[slot] - 1U;
+    return keyword_count;
+}
+
+std::span<const Edge> TreeNode::keywords_equal(std::string_view word) const
+{
+    if (!has_keyword_like(word)) return {};
+    std::uint16_t check = check_of(word);
+    std::size_t first = first_equal(word, check);
+    std::size_t end = std::min<std::size_t>(first + 1, keyword_count);
+    while (end < keyword_count && is_keyword(edges[end], check, word))
+        end++;
+    return keywords().subspan(first, end - first);
 }
 
 // False when another element has the same words.

@@ -27,12 +27,34 @@ struct Edge {
     const Grammar* grammar; // the command that brought the word
     std::uint32_t node;     // where it leads; LEAF: only that command goes on here
     std::uint16_t token;
+    std::uint16_t check; // of a keyword: tells most others apart without a look at their texts
 };
+
+inline std::string_view form_of(const Edge& edge)
+{
+    return edge.grammar->form(edge.token);
+}
+
+inline std::uint16_t check_of(std::string_view word)
+{
+    auto first = static_cast<unsigned char>(word.front());
+    auto last = static_cast<unsigned char>(word.back());
+    return static_cast<std::uint16_t>((first << 8 | last) ^ (word.size() << 4));
+}
+
+inline bool is_keyword(const Edge& edge, std::uint16_t check, std::string_view word)
+{
+    return edge.check == check && form_of(edge) == word;
+}
 
 struct TreeNode {
     std::vector<Edge> edges; // keywords sorted by text, behind them values and variables as installed
     std::uint32_t keyword_count = 0;
+    std::uint32_t first_letters = 0;  // a bit for each that a keyword begins with; some letters share one
     const Grammar* command = nullptr; // the command that ends here
+    // Of a node with many keywords: 1 + index of the first edge with each text, at its hash or behind it; 0: free. Made
+    // when a word is looked for.
+    mutable std::vector<std::uint16_t> table;
 
     std::span<const Edge> keywords() const
     {
@@ -42,14 +64,25 @@ struct TreeNode {
     {
         return {edges.data() + keyword_count, edges.size() - keyword_count};
     }
+    static std::uint32_t letter_bit(std::string_view word)
+    {
+        return std::uint32_t{1} << (static_cast<unsigned char>(word[0]) & 31);
+    }
+    // False when no keyword is the word or begins like it; nothing is an empty word.
+    bool has_keyword_like(std::string_view word) const
+    {
+        return !word.empty() && (first_letters & letter_bit(word)) != 0;
+    }
     // The keywords from the first that is not less than `word`.
     std::span<const Edge> keywords_from(std::string_view word) const;
-};
+    // The keywords that are `word`: none, one, or one from each of several groups and words.
+    std::span<const Edge> keywords_equal(std::string_view word) const;
 
-inline std::string_view form_of(const Edge& edge)
-{
-    return edge.grammar->form(edge.token);
-}
+  private:
+    std::size_t first_equal(std::string_view word, std::uint16_t check) const;
+    std::size_t first_in_table(std::string_view word, std::uint16_t check) const;
+    void make_table() const;
+};
 
 // How a word fits the next word of a leaf's command.
 struct Step {
@@ -80,6 +113,8 @@ constexpr FitStep MATCH_STEPS[] = {{Fit::ExactKeyword, Fit::ExactKeyword},
                                    {Fit::KeywordPrefix, Fit::KeywordPrefix},
                                    {Fit::Value, Fit::Value},
                                    {Fit::Variable, Fit::Variable}};
+constexpr std::uint32_t VALUE_STEP = 2; // those before it are for keywords
+
 // Help lists what can follow a value and what can follow a variable together.
 constexpr FitStep HELP_STEPS[] = {
     {Fit::ExactKeyword, Fit::ExactKeyword}, {Fit::KeywordPrefix, Fit::KeywordPrefix}, {Fit::Value, Fit::Variable}};
@@ -128,9 +163,11 @@ struct Walk {
     void note_furthest(std::size_t depth, const Set& set);
     void expand(const Set& set, std::string_view word, FitStep step);
     void expand_leaf(std::uint32_t index, std::string_view word, FitStep step);
-    void expand_keywords(std::uint32_t index, std::string_view word, FitStep step);
-    void expand_values(std::uint32_t index, std::string_view word, FitStep step);
+    std::uint32_t expand_node(std::uint32_t index, std::string_view word, std::uint32_t step);
+    void expand_edges(const TreeNode& node, std::uint32_t index, std::string_view word, FitStep step);
+    void expand_beginnings(const TreeNode& node, std::uint32_t index, std::string_view word);
     void enter(std::uint32_t parent, const Edge& edge, Fit fit);
+    bool was_entered(std::uint32_t parent, const Edge& edge, Fit fit);
 };
 
 // A word of an accepted line, keywords and alternatives in full.

@@ -40,7 +40,12 @@ bool Walk::next(Set* found)
             continue;
         }
         auto begin = static_cast<std::uint32_t>(states.size());
-        expand(set, words[depth], steps[set.next_step++]);
+        if (set.end - set.begin == 1) {
+            set.next_step = expand_node(set.begin, words[depth], set.next_step);
+        } else {
+            while (set.next_step < steps.size() && states.size() == begin)
+                expand(set, words[depth], steps[set.next_step++]);
+        }
         auto end = static_cast<std::uint32_t>(states.size());
         if (begin == end) continue;
         sets.push_back({begin, end, 0});
@@ -102,16 +107,64 @@ const Grammar* Walk::command_at(const State& at) const
     return following_token(at) == at.grammar->token_count ? at.grammar : nullptr;
 }
 
+// Whether an alternative of the same group has led to the same place.
+bool Walk::was_entered(std::uint32_t parent, const Edge& edge, Fit fit)
+{
+    for (const Entered& place : entered) {
+        if (place.node != edge.node || place.grammar != edge.grammar) continue;
+        // Entered by a closer alternative, or just now by one that fits as well.
+        for (std::size_t i = states.size(); fit == Fit::KeywordPrefix && i-- > 0 && states[i].parent == parent;) {
+            if (states[i].node == edge.node && states[i].grammar == edge.grammar) states[i].ambiguous = true;
+        }
+        return true;
+    }
+    entered.push_back({edge.grammar, edge.node});
+    return false;
+}
+
+inline void Walk::enter(std::uint32_t parent, const Edge& edge, Fit fit)
+{
+    if (edge.grammar->token(edge.token).in_group && was_entered(parent, edge, fit)) return;
+    State& reached = states.emplace_back();
+    reached.grammar = edge.grammar;
+    reached.node = edge.node;
+    reached.parent = parent;
+    reached.token = edge.token;
+    reached.ambiguous = states[parent].ambiguous;
+}
+
 void Walk::expand(const Set& set, std::string_view word, FitStep step)
 {
-    if (word.empty()) return;
     for (std::uint32_t index = set.begin; index < set.end; index++) {
-        if (states[index].node == LEAF) {
+        if (states[index].node == LEAF)
             expand_leaf(index, word, step);
-        } else if (step.closest <= Fit::KeywordPrefix) {
-            expand_keywords(index, word, step);
-        } else {
-            expand_values(index, word, step);
+        else
+            expand_edges((*nodes)[states[index].node], index, word, step);
+    }
+}
+
+// Follows the edges of the only place there is, step by step until one leads on. Returns the step behind that one.
+std::uint32_t Walk::expand_node(std::uint32_t index, std::string_view word, std::uint32_t step)
+{
+    const TreeNode& node = (*nodes)[states[index].node];
+    const auto end = static_cast<std::uint32_t>(node.values().empty() ? VALUE_STEP : steps.size());
+    if (step < VALUE_STEP && !node.has_keyword_like(word)) step = VALUE_STEP;
+    for (std::size_t before = states.size(); step < end && states.size() == before; step++)
+        expand_edges(node, index, word, steps[step]);
+    return step < end ? step : static_cast<std::uint32_t>(steps.size());
+}
+
+void Walk::expand_edges(const TreeNode& node, std::uint32_t index, std::string_view word, FitStep step)
+{
+    if (step.closest == Fit::ExactKeyword) {
+        for (const Edge& edge : node.keywords_equal(word))
+            enter(index, edge, Fit::ExactKeyword);
+    } else if (step.closest == Fit::KeywordPrefix) {
+        expand_beginnings(node, index, word);
+    } else {
+        for (const Edge& edge : node.values()) {
+            Fit fit = value_fit(edge.grammar->token(edge.token).kind, form_of(edge), word);
+            if (fit >= step.closest && fit <= step.farthest) enter(index, edge, fit);
         }
     }
 }
@@ -133,46 +186,14 @@ void Walk::expand_leaf(std::uint32_t index, std::string_view word, FitStep step)
     states.push_back(reached);
 }
 
-void Walk::expand_keywords(std::uint32_t index, std::string_view word, FitStep step)
+// The keywords that the word begins.
+void Walk::expand_beginnings(const TreeNode& node, std::uint32_t index, std::string_view word)
 {
-    const TreeNode& node = (*nodes)[states[index].node];
+    if (!node.has_keyword_like(word)) return;
     for (const Edge& edge : node.keywords_from(word)) {
-        Fit fit = fit_of(WordKind::Keyword, form_of(edge), word);
-        if (fit == Fit::None && form_of(edge).starts_with(word)) continue; // a number or an address that goes on
-        if (fit > step.farthest) break;                                    // sorted: equal ones first, then longer ones
-        if (fit == step.closest) enter(index, edge, fit);
+        if (!form_of(edge).starts_with(word)) break;
+        if (keyword_fit(form_of(edge), word) == Fit::KeywordPrefix) enter(index, edge, Fit::KeywordPrefix);
     }
-}
-
-void Walk::expand_values(std::uint32_t index, std::string_view word, FitStep step)
-{
-    const TreeNode& node = (*nodes)[states[index].node];
-    for (const Edge& edge : node.values()) {
-        Fit fit = fit_of(edge.grammar->token(edge.token).kind, form_of(edge), word);
-        if (fit >= step.closest && fit <= step.farthest) enter(index, edge, fit);
-    }
-}
-
-void Walk::enter(std::uint32_t parent, const Edge& edge, Fit fit)
-{
-    if (edge.grammar->token(edge.token).in_group) {
-        for (const Entered& place : entered) {
-            if (place.node != edge.node || place.grammar != edge.grammar) continue;
-            // Entered by a closer alternative, or just now by one that fits as well.
-            for (std::size_t i = states.size(); fit == Fit::KeywordPrefix && i-- > 0 && states[i].parent == parent;) {
-                if (states[i].node == edge.node && states[i].grammar == edge.grammar) states[i].ambiguous = true;
-            }
-            return;
-        }
-        entered.push_back({edge.grammar, edge.node});
-    }
-    State reached;
-    reached.grammar = edge.grammar;
-    reached.node = edge.node;
-    reached.parent = parent;
-    reached.token = edge.token;
-    reached.ambiguous = states[parent].ambiguous;
-    states.push_back(reached);
 }
 
 } // namespace engine

@@ -25,11 +25,18 @@ constexpr LeaveWord leave_words[] = {
     {"logout", [](Session& session) { session.closing = true; }},
 };
 
+bool is_blank(char c)
+{
+    return static_cast<unsigned char>(c) <= ' ' && (c == ' ' || c == '\t'); // one look for most
+}
+
 std::string_view trimmed(std::string_view line)
 {
-    std::size_t from = line.find_first_not_of(" \t");
-    if (from == std::string_view::npos) return {};
-    return line.substr(from, line.find_last_not_of(" \t") + 1 - from);
+    while (!line.empty() && is_blank(line.front()))
+        line.remove_prefix(1);
+    while (!line.empty() && is_blank(line.back()))
+        line.remove_suffix(1);
+    return line;
 }
 
 // Points at the word where it stands on the screen, if the line did not wrap.
@@ -79,14 +86,25 @@ Outcome run_raw(Session& session, const NodeRules& rules, std::string_view line)
 
 } // namespace
 
+void split_words(std::string_view line, std::vector<std::string_view>* words)
+{
+    words->clear();
+    const char* end = line.data() + line.size();
+    for (const char* at = line.data();;) {
+        while (at != end && is_blank(*at))
+            at++;
+        if (at == end) return;
+        const char* word = at;
+        while (at != end && !is_blank(*at))
+            at++;
+        words->emplace_back(word, static_cast<std::size_t>(at - word));
+    }
+}
+
 std::vector<std::string_view> split_words(std::string_view line)
 {
     std::vector<std::string_view> words;
-    for (std::size_t at = 0; (at = line.find_first_not_of(" \t", at)) != std::string_view::npos;) {
-        std::size_t end = std::min(line.find_first_of(" \t", at), line.size());
-        words.push_back(line.substr(at, end - at));
-        at = end;
-    }
+    split_words(line, &words);
     return words;
 }
 
@@ -101,7 +119,8 @@ Outcome run_line(Session& session, std::string_view line)
     if (rules.raw_line != nullptr) return run_raw(session, rules, line);
 
     const Node* node = find_node(session.node);
-    std::vector<std::string_view> words = split_words(line);
+    std::vector<std::string_view>& words = session.words;
+    split_words(line, &words);
     if (words.empty()) return {MatchStatus::Empty};
     Match& match = session.match;
     if (node != nullptr) {

@@ -29,6 +29,7 @@ void leave_to_top(Session& session);
 
 // Words of a line, split at blanks and tabs.
 std::vector<std::string_view> split_words(std::string_view line);
+void split_words(std::string_view line, std::vector<std::string_view>* words);
 
 // What "?" shows behind the given text: complete lines.
 std::string help_text(const Session& session, std::string_view before_cursor);

@@ -2,6 +2,8 @@
 // Parsing of grammar strings and help texts into tokens.
 #include "host/engine/grammar.h"
 
+#include <algorithm>
+#include <array>
 #include <cstring>
 #include <limits>
 #include <memory>
@@ -58,24 +60,42 @@ struct Storage {
     }
 };
 
+// What a character may be in a grammar.
+enum CharacterClass : std::uint8_t {
+    SEPARATOR = 1,
+    GROUPING = 2, // ends a word as well
+    LOWER = 4,
+    UPPER = 8,
+    DIGIT = 16,
+    JOINING = 32, // in the middle of a word
+    DOT = 64,
+    FOREIGN = 128
+};
+
+constexpr std::array<std::uint8_t, 256> CLASSES = [] {
+    std::array<std::uint8_t, 256> classes{};
+    classes.fill(FOREIGN);
+    classes[' '] = classes['\t'] = SEPARATOR;
+    classes['('] = classes[')'] = classes['|'] = GROUPING;
+    for (unsigned letter = 0; letter < 26; letter++) {
+        classes['a' + letter] = LOWER;
+        classes['A' + letter] = UPPER;
+    }
+    for (unsigned digit = 0; digit < 10; digit++)
+        classes['0' + digit] = DIGIT;
+    classes['-'] = classes['_'] = JOINING;
+    classes['.'] = DOT;
+    return classes;
+}();
+
+unsigned class_of(char c)
+{
+    return CLASSES[static_cast<unsigned char>(c)];
+}
+
 bool is_separator(char c)
 {
-    return c == ' ' || c == '\t';
-}
-
-bool is_lower(char c)
-{
-    return c >= 'a' && c <= 'z';
-}
-
-bool is_digit(char c)
-{
-    return c >= '0' && c <= '9';
-}
-
-bool is_upper(char c)
-{
-    return c >= 'A' && c <= 'Z';
+    return class_of(c) == SEPARATOR;
 }
 
 // Null, or what is wrong with the form.
@@ -88,25 +108,21 @@ const char* classify(std::string_view form, WordKind* kind)
         *kind = bounds.hexadecimal ? WordKind::Hexadecimal : WordKind::Decimal;
         return nullptr;
     }
-    for (const Address& address : ADDRESSES) {
-        if (address.form == form) {
+    unsigned first = class_of(form.front());
+    if (first == UPPER) {
+        for (const Address& address : ADDRESSES) {
+            if (address.form != form) continue;
             *kind = address.kind;
             return nullptr;
         }
     }
-    char first = form.front();
-    if (!is_lower(first) && !is_upper(first) && !is_digit(first)) return "begins with neither a letter nor a digit";
-    bool keyword = is_digit(first);
-    bool dotted = false;
-    for (char c : form) {
-        if (is_lower(c))
-            keyword = true;
-        else if (c == '.')
-            dotted = true;
-        else if (!is_upper(c) && !is_digit(c) && c != '-' && c != '_')
-            return "holds a character that no word may have";
-    }
-    if (!keyword && dotted) return "is neither a variable nor a known form of address";
+    if ((first & (LOWER | UPPER | DIGIT)) == 0) return "begins with neither a letter nor a digit";
+    unsigned held = 0;
+    for (char c : form)
+        held |= class_of(c);
+    if ((held & FOREIGN) != 0) return "holds a character that no word may have";
+    bool keyword = first == DIGIT || (held & LOWER) != 0;
+    if (!keyword && (held & DOT) != 0) return "is neither a variable nor a known form of address";
     *kind = keyword ? WordKind::Keyword : WordKind::Variable;
     return nullptr;
 }
@@ -140,13 +156,13 @@ struct Parser {
     std::string_view read_form()
     {
         std::size_t begin = at;
-        bool range = !done() && text[at] == '<';
-        while (!done() && !is_separator(text[at]) && std::strchr("()|", text[at]) == nullptr) {
-            if (range && text[at] == '>') {
+        if (!done() && text[at] == '<') {
+            std::size_t end = text.find_first_of("> \t()|", at);
+            at = std::min(end, text.size());
+            if (!done() && text[at] == '>') at++;
+        } else {
+            while (!done() && (class_of(text[at]) & (SEPARATOR | GROUPING)) == 0)
                 at++;
-                break;
-            }
-            at++;
         }
         return text.substr(begin, at - begin);
     }

@@ -12,6 +12,7 @@ namespace {
 
 // Beyond every bound that a grammar may have; longer numbers stay here instead of overflowing.
 constexpr std::uint64_t HUGE_NUMBER = std::uint64_t{1} << 59;
+constexpr std::size_t DECIMAL_DIGITS = 18; // numbers of fewer digits stay below it
 
 bool is_hex_digit(char c)
 {
@@ -34,6 +35,14 @@ bool read_digits(std::string_view digits, unsigned base, std::uint64_t* value)
 {
     if (digits.empty()) return false;
     std::uint64_t result = 0;
+    if (base == 10 && digits.size() < DECIMAL_DIGITS) {
+        for (char c : digits) {
+            if (!is_digit(c)) return false;
+            result = result * 10 + digit_value(c);
+        }
+        *value = result;
+        return true;
+    }
     for (char c : digits) {
         if (!(base == 10 ? is_digit(c) : is_hex_digit(c))) return false;
         result = std::min(result * base + digit_value(c), HUGE_NUMBER);

@@ -14,6 +14,7 @@
 #include <string>
 #include <string_view>
 #include <thread>
+#include <vector>
 
 #include "host/engine/engine_host.h"
 #include "host/engine/event_buffer.h"
@@ -66,6 +67,7 @@ struct Session : vty {
     bool queued = false;        // work for this session is queued in the event loop
 
     LineEditor editor;
+    std::vector<std::string_view> words; // of the line being executed
     Match match;
     std::unique_ptr<MachineMode> machine; // null: an operator's session
     bool may_ask_machine = false;         // a local session whose first line has not come yet
