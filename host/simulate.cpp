@@ -99,6 +99,22 @@ int show_simulate_events(cmd_element*, vty* session, int, char**)
     return 0;
 }
 
+// --- Links -------------------------------------------------------------------------------------------------------
+
+// OLT, in the form for one
+int show_simulate_links(cmd_element*, vty* session, int argc, char** argv)
+{
+    constexpr char FORMAT[] = "%-4s%-5s%-18s%-13s%-8s%s%s";
+    RBX_vty_out(session, FORMAT, "OLT", "LLID", "MAC", "Mode", "Rate", "RTT", VTY_NEWLINE(session));
+    for (const sdk_sim::LinkDescription& link : sdk_sim::links()) {
+        if (argc == 1 && link.olt_id != number<std::int16_t>(argv[0])) continue;
+        RBX_vty_out(session, FORMAT, std::to_string(link.olt_id).c_str(), std::to_string(link.id).c_str(),
+                    link.mac.c_str(), link.mode.c_str(), link.rate.c_str(), std::to_string(link.rtt).c_str(),
+                    VTY_NEWLINE(session));
+    }
+    return 0;
+}
+
 // --- OLTs --------------------------------------------------------------------------------------------------------
 
 int simulate_olt(cmd_element*, vty* session, int, char** argv)
@@ -158,6 +174,12 @@ cmd_element commands[] = {
                        "field=value,field=value without blanks; a field that is left out is 0\n"),
     command("show simulate events", show_simulate_events,
             "Show something\n" SIMULATE_HELP "Kinds of events and their fields\n"),
+    command("show simulate links", show_simulate_links,
+            "Show something\n" SIMULATE_HELP "Every link of the OLTs that are present, one a line\n"),
+    command("show simulate links olt <0-15>", show_simulate_links,
+            "Show something\n" SIMULATE_HELP "Every link of the OLTs that are present, one a line\n"
+            "Of one OLT\n"
+            "Index of the OLT, 0 to 15\n"),
     command("simulate olt <0-15> (remove|return)", simulate_olt,
             SIMULATE_HELP "Take an OLT away, or bring it back\n"
                           "Index of the OLT, 0 to 15\n"

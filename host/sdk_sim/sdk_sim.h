@@ -84,6 +84,18 @@ bool raise_event(int kind, std::int16_t olt_id, std::string_view values, std::st
 // former receiver is not called any more once this returns.
 void set_firmware_console(void (*print)(const char* text));
 
+// --- The links of the network -------------------------------------------------------------------------------------
+
+struct LinkDescription {
+    std::int16_t olt_id, id;
+    std::string mac;   // "02-4e-50-50-00-00"
+    std::string mode;  // "registered"
+    std::string rate;  // downstream and upstream: "10g/1g"
+    std::uint32_t rtt; // time quanta of 16 ns
+};
+// Every link that an OLT present knows, by OLT and index.
+std::vector<LinkDescription> links();
+
 // --- Driving the network -----------------------------------------------------------------------------------------
 
 // Takes an OLT away as a power failure would, or brings it back as it was. False when it is not known or already so.

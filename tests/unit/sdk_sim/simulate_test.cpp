@@ -166,6 +166,18 @@ TEST_F(SimulateTest, OltsGoAndReturn)
     EXPECT_EQ(type("simulate olt 9 return"), "% OLT 9 is present already, or not part of this network\r\n");
 }
 
+TEST_F(SimulateTest, LinksOfTheOltsThatArePresent)
+{
+    const std::string all = type("show simulate links");
+    EXPECT_TRUE(all.starts_with("OLT LLID MAC               Mode         Rate    RTT\r\n")) << all;
+    EXPECT_EQ(std::count(all.begin(), all.end(), '\n'), 8);
+    EXPECT_NE(all.find("\r\n0   1    "), std::string::npos) << all;
+    EXPECT_NE(all.find(" unauthorized "), std::string::npos) << all;
+    EXPECT_NE(all.find("\r\n0   254  "), std::string::npos) << all;
+    EXPECT_EQ(type("show simulate links olt 0"), all);
+    EXPECT_EQ(type("show simulate links olt 1"), all.substr(0, all.find('\n') + 1)); // absent
+}
+
 TEST_F(SimulateTest, CommandsAreInTheirNodesWithHelpForEveryWord)
 {
     Lines grammars[2];
@@ -177,7 +189,7 @@ TEST_F(SimulateTest, CommandsAreInTheirNodesWithHelpForEveryWord)
         EXPECT_TRUE(help.ends_with('\n')) << element.string;
         EXPECT_EQ(help.find("\n\n"), std::string_view::npos) << element.string;
     });
-    EXPECT_EQ(grammars[0].size(), 9U);
+    EXPECT_EQ(grammars[0].size(), 11U);
     EXPECT_EQ(grammars[0], grammars[1]);
     session->node = ENABLE_NODE;
     EXPECT_EQ(type("show simulate faults"), "No faults are waiting.\r\n");
