@@ -36,24 +36,6 @@ bool admit_onu(const Olt& olt, Onu& onu)
     return false;
 }
 
-void register_onu(Network& network, Olt& olt, Onu& onu)
-{
-    if (counts_as_registered(onu)) return;
-    if (!hears_olt(olt, onu)) return; // no discovery reaches it
-    onu.mode = onu.home_mode;
-    if (!counts_as_registered(onu)) return;
-    if (!admit_onu(olt, onu)) {
-        return_onu(network, olt, onu.id);
-        return;
-    }
-    OnuRegisteredEvent event{};
-    event.onu_id = onu.id;
-    copy_mac(event.mac, onu.mac);
-    event.rate = static_cast<std::int32_t>(onu.rate);
-    event.rtt = onu.rtt;
-    raise(EVENT_ONU_REGISTERED, olt.id, event);
-}
-
 void register_onu_after(Network& network, const Olt& olt, std::int16_t onu_id, Milliseconds delay)
 {
     after(network, olt, delay,
@@ -127,6 +109,25 @@ void schedule_alarm(Network& network)
 }
 
 } // namespace
+
+void register_onu(Network& network, Olt& olt, Onu& onu)
+{
+    if (counts_as_registered(onu)) return;
+    if (!hears_olt(olt, onu)) return; // no discovery reaches it
+    onu.mode = onu.home_mode;
+    if (!counts_as_registered(onu)) return;
+    if (!admit_onu(olt, onu)) {
+        return_onu(network, olt, onu.id);
+        return;
+    }
+    onu.registered_at = network.now;
+    OnuRegisteredEvent event{};
+    event.onu_id = onu.id;
+    copy_mac(event.mac, onu.mac);
+    event.rate = static_cast<std::int32_t>(onu.rate);
+    event.rtt = onu.rtt;
+    raise(EVENT_ONU_REGISTERED, olt.id, event);
+}
 
 void register_onus(Network& network, const Olt& olt)
 {

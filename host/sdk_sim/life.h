@@ -16,6 +16,8 @@ void end_olt(Olt& olt);
 // Lets the ONUs of an OLT register one after the other; those that are registered stay so.
 void register_onus(Network& network, const Olt& olt);
 
+// Registers an ONU that asks for it, if its OLT hears and admits it.
+void register_onu(Network& network, Olt& olt, Onu& onu);
 void deregister_onu(Olt& olt, Onu& onu, DeregistrationReason reason);
 // Makes an ONU that was sent away ask for registration again, if the ONUs of this network do.
 void return_onu(Network& network, const Olt& olt, std::int16_t onu_id);

@@ -36,6 +36,13 @@
 #include "host/sdk_sim/optics.h"
 #include "host/sdk_sim/pon_clock.h"
 #include "host/sdk_sim/pon_transmission.h"
+#include "host/sdk_sim/remote_alarms.h"
+#include "host/sdk_sim/remote_device_mgmt.h"
+#include "host/sdk_sim/remote_mp_application.h"
+#include "host/sdk_sim/remote_oam_api.h"
+#include "host/sdk_sim/remote_oam_statistics.h"
+#include "host/sdk_sim/remote_periph.h"
+#include "host/sdk_sim/remote_send_file.h"
 #include "host/sdk_sim/self_test.h"
 #include "host/sdk_sim/send_frame.h"
 #include "host/sdk_sim/simple_operation.h"
@@ -71,6 +78,13 @@ struct OnuConfiguration {
     OnuLoopback loopback;
     OnuDownload download;
     MkaLink mka;
+    RemoteOam remote_oam;
+    OnuAlarms alarms;
+    OnuStatistics statistics;
+    OnuManagement management;
+    OnuAdc adc;
+    MldApplication mld;
+    FileTransfer file_transfer;
 };
 
 struct Onu {
@@ -81,12 +95,14 @@ struct Onu {
     std::int32_t home_mode = ONU_MODE_UNREGISTERED; // the mode it takes when its OLT has started
     bool is_static = false;
     bool is_warned = false;                           // for a mode change
+    Milliseconds registered_at = 0;                   // or the beginning of time, when it was so then
     std::uint32_t rtt = 0;                            // time quanta of 16 ns
     std::uint32_t frame_error_rate = 0;               // lost test frames in a million
     OamAnswer extended_oam = OamAnswer::Answers;      // of the CTC stack
     OamAnswer remote_management = OamAnswer::Answers; // of remote management
     std::string name, serial_number;                  // as the device tells them: any octets
     OnuImage image;
+    OnuDevice device;
     OnuConfiguration configuration, initial_configuration;
 };
 
@@ -167,6 +183,7 @@ struct Life {
     Milliseconds registration_time = 1000; // of the first ONU, from there on
     Milliseconds registration_step = 10;   // between one ONU and the next
     Milliseconds return_time = 0;          // until an ONU that was sent away asks again; 0: it stays away
+    Milliseconds restart_time = 3000;      // until an ONU that starts anew asks for registration
 };
 
 struct Network;

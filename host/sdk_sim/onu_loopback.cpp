@@ -82,6 +82,7 @@ int16_t NEP_set_standard_onu_loopback(int16_t olt_id, int16_t onu_id, int32_t st
     return on_onu(set_standard_onu_loopback, olt_id, onu_id, arguments, out(), [&](Olt& olt, Onu& onu) {
         if (state != 0 && state != 1) return PARAMETER_ERROR;
         if (!oam_is_up(onu)) return NO_OAM_LINK;
+        ++onu.configuration.statistics.counts[ONU_LOOPBACK_CONTROLS].whole;
         if (state == 1) return close_loopback(olt, onu, OnuLoopback::Standard);
         open_standard_loopback(olt, onu);
         return SUCCESS;

@@ -14,14 +14,14 @@ const Operation sync_olts_pon_clock("Sync_olts_pon_clock", GENERAL);
 
 constexpr uint64_t QUANTA_PER_MILLISECOND = 62500;
 
-uint32_t time_of(const Network& network, const Olt& olt)
+} // namespace
+
+uint32_t pon_clock_of(const Network& network, const Olt& olt)
 {
     const PonClock& clock = olt.configuration.pon_clock;
     const auto running = static_cast<uint32_t>((network.now - olt.started_at) * QUANTA_PER_MILLISECOND);
     return running + clock.offset + clock.correction;
 }
-
-} // namespace
 
 } // namespace sdk_sim
 
@@ -30,7 +30,7 @@ using namespace sdk_sim;
 int16_t NEP_get_olt_pon_clock(int16_t olt_id, uint32_t* clock)
 {
     return on_olt_and_network(get_olt_pon_clock, olt_id, in(olt_id), out(clock), [&](Network& network, Olt& olt) {
-        *clock = time_of(network, olt);
+        *clock = pon_clock_of(network, olt);
         return SUCCESS;
     });
 }
@@ -50,7 +50,7 @@ int16_t Sync_olts_pon_clock(int16_t master_olt_id, int16_t slave_olt_id)
         Olt* slave = present_olt(network, slave_olt_id);
         if (slave == nullptr) return GENERAL.no_olt;
         if (slave == &master) return PARAMETER_ERROR;
-        slave->configuration.pon_clock.correction += time_of(network, master) - time_of(network, *slave);
+        slave->configuration.pon_clock.correction += pon_clock_of(network, master) - pon_clock_of(network, *slave);
         return SUCCESS;
     });
 }

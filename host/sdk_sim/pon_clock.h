@@ -12,4 +12,10 @@ struct PonClock {
     std::uint32_t correction = 0; // by synchronization
 };
 
+struct Network;
+struct Olt;
+
+// An OLT's clock, offset included.
+std::uint32_t pon_clock_of(const Network& network, const Olt& olt);
+
 } // namespace sdk_sim

@@ -79,6 +79,10 @@ Onu read_onu(ScenarioReader& reader)
     reader.number("frame_error_rate", 0, 1000000, &onu.frame_error_rate);
     reader.word("extended_oam", answer_words, &onu.extended_oam);
     reader.word("remote_management", answer_words, &onu.remote_management);
+    for (ScenarioReader& device : reader.tables("device")) {
+        read_onu_device(device, &onu.device);
+        device.finish();
+    }
     reader.text("name", ONU_TEXT_LENGTH, &onu.name);
     reader.text("serial_number", ONU_TEXT_LENGTH, &onu.serial_number);
     onu.initial_configuration = onu.configuration;
@@ -205,6 +209,7 @@ void read_life(ScenarioReader& reader, Life* life)
     reader.seconds("registration_time", &life->registration_time);
     reader.seconds("registration_step", &life->registration_step);
     reader.seconds("return_time", &life->return_time);
+    reader.seconds("restart_time", &life->restart_time);
 }
 
 } // namespace
