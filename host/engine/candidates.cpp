@@ -8,7 +8,6 @@ namespace engine {
 
 namespace {
 
-constexpr std::string_view END_OF_LINE = "<cr>";
 constexpr std::string_view END_OF_LINE_HELP = "Run the command";
 
 struct Listing {

@@ -32,6 +32,9 @@ struct Match {
     std::string storage;                 // texts behind argv, each NUL-terminated, modifiable by the handler
 };
 
+// The candidate that stands for the end of a line.
+constexpr std::string_view END_OF_LINE = "<cr>";
+
 // One thing that can be typed at a position. The texts are parts of the installed elements and live as long as they do.
 struct Candidate {
     std::string_view word; // as the operator types or reads it: "max-rtt", "<0-255>", "OLT_INDEX"; "<cr>": end of line

@@ -6,18 +6,13 @@
 #include <vector>
 
 #include "host/engine/dispatch.h"
+#include "host/engine/engine_commands.h"
 #include "host/engine/nodes.h"
-#include "host/engine/session.h"
 
 namespace engine {
 namespace {
 
 std::atomic<std::uint8_t> multi_tasking{1};
-
-void print_line(Session& session, std::string_view text)
-{
-    print(session, "%.*s%s", static_cast<int>(text.size()), text.data(), newline(session));
-}
 
 int exit_node(cmd_element*, vty* session, int, char**)
 {
@@ -85,30 +80,6 @@ int list_commands(cmd_element*, vty* session, int, char**)
     return 0;
 }
 
-int show_history(cmd_element*, vty* session, int, char**)
-{
-    Session& own = *session_of(session);
-    std::size_t number = 0;
-    for (const std::string& line : own.editor.history())
-        print(own, "%4zu  %s%s", ++number, line.c_str(), newline(own));
-    return 0;
-}
-
-int show_sessions(cmd_element*, vty* session, int, char**)
-{
-    Session& own = *session_of(session);
-    print(own, " %-4s%-32s%-32s%s%s", "ID", "From", "At", "Idle", newline(own));
-    for (unsigned i = 0; i < SESSION_LIMIT; ++i) {
-        const Session& other = session_at(i);
-        if (&other != &own && (!other.connected || other.phase != Phase::Open)) continue;
-        auto idle = std::chrono::duration_cast<std::chrono::seconds>(Clock::now() - other.last_input).count();
-        print(own, "%c%-4u%-32s%-32s%02lld:%02lld:%02lld%s", &other == &own ? '*' : ' ', i, other.from.c_str(),
-              prompt(&other).c_str(), static_cast<long long>(idle / 3600), static_cast<long long>(idle / 60 % 60),
-              static_cast<long long>(idle % 60), newline(own));
-    }
-    return 0;
-}
-
 int enable(cmd_element*, vty* session, int, char**)
 {
     session->node = ENABLE_NODE;
@@ -137,26 +108,13 @@ int configure_terminal(cmd_element*, vty* session, int, char**)
     return 0;
 }
 
-constexpr cmd_element element(const char* grammar, cmd_handler* handler, const char* help)
-{
-    return {grammar, handler, help, 0, nullptr, 0, nullptr, nullptr, 0};
-}
-
-struct Installation {
-    int node; // -1: every node
-    cmd_element command;
-};
-
-Installation installations[] = {
-    {-1, element("exit", exit_node, "Go one node up, or close the session when there is none\n")},
-    {-1, element("end", end_nodes, "Go back to the enable node\n")},
-    {-1, element("quit", close_console, "Close this session\n")},
-    {-1, element("logout", close_console, "Close this session\n")},
-    {-1, element("help", show_help, "How to work with this console\n")},
-    {-1, element("list", list_commands, "List all commands of this node, one per line\n")},
-    {-1,
-     element("show history", show_history, "Show settings and state\nThe lines typed in this session, oldest first\n")},
-    {-1, element("who", show_sessions, "List the open sessions: where from, at which prompt, idle for how long\n")},
+EngineCommand commands[] = {
+    {EVERY_NODE, element("exit", exit_node, "Go one node up, or close the session when there is none\n")},
+    {EVERY_NODE, element("end", end_nodes, "Go back to the enable node\n")},
+    {EVERY_NODE, element("quit", close_console, "Close this session\n")},
+    {EVERY_NODE, element("logout", close_console, "Close this session\n")},
+    {EVERY_NODE, element("help", show_help, "How to work with this console\n")},
+    {EVERY_NODE, element("list", list_commands, "List all commands of this node, one per line\n")},
     {VIEW_NODE, element("enable", enable, "Go to the enable node, where settings can be changed\n")},
     {ENABLE_NODE, element("disable", disable, "Go back to the view node\n")},
     {ENABLE_NODE, element("configure terminal", configure_terminal,
@@ -167,8 +125,14 @@ Installation installations[] = {
 
 void install_default_commands(int node)
 {
-    for (Installation& row : installations)
-        if (row.node < 0 || row.node == node) add_element(node, &row.command, Origin::Engine);
+    for (std::span<EngineCommand> file : {std::span<EngineCommand>(commands), screen_commands(), session_commands()})
+        for (EngineCommand& command : file)
+            if (command.node == EVERY_NODE || command.node == node) add_element(node, &command.element, Origin::Engine);
+}
+
+void print_line(Session& session, std::string_view text)
+{
+    print(session, "%.*s%s", static_cast<int>(text.size()), text.data(), newline(session));
 }
 
 } // namespace engine

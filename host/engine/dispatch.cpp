@@ -5,12 +5,12 @@
 
 #include <algorithm>
 
+#include "host/engine/event_loop.h"
 #include "host/engine/nodes.h"
 
 namespace engine {
 namespace {
 
-constexpr std::size_t PLAIN_WIDTH = 80;
 constexpr std::size_t CANDIDATES_SHOWN = 20;
 
 // The words that leave a node whose lines go to the host, spelt in full.
@@ -42,10 +42,10 @@ std::string_view trimmed(std::string_view line)
 // Points at the word where it stands on the screen, if the line did not wrap.
 void print_caret(Session& session, std::string_view line, std::string_view word)
 {
-    if (session.machine) return; // it sees no line to point into
+    if (session.machine || session.filters) return; // there is no line on a screen to point into
     auto offset = static_cast<std::size_t>(word.data() - line.data());
     std::size_t column = session.editor.prompt_columns() + columns_of(line.substr(0, offset));
-    std::size_t width = session.editor.width() > 0 ? session.editor.width() : PLAIN_WIDTH;
+    std::size_t width = screen_columns(session) > 0 ? screen_columns(session) : PLAIN_WIDTH;
     if (column < width) print(session, "%*s^%s", static_cast<int>(column), "", newline(session));
 }
 
@@ -108,38 +108,33 @@ std::vector<std::string_view> split_words(std::string_view line)
     return words;
 }
 
-Outcome run_line(Session& session, std::string_view line)
-{
-    if (line.size() > LINE_LIMIT) {
-        print(session, LINE_TOO_LONG, LINE_LIMIT, newline(session));
-        return {MatchStatus::Unknown};
-    }
-    session.editor.remember(trimmed(line));
-    const NodeRules& rules = rules_of(session.node);
-    if (rules.raw_line != nullptr) return run_raw(session, rules, line);
+namespace {
 
+// Lines of pasted scripts that say something to their reader.
+bool is_remark(std::string_view line)
+{
+    std::string_view text = trimmed(line);
+    return text.starts_with('!') || text.starts_with('#');
+}
+
+// Finds the command that the line means, or says why there is none.
+MatchStatus match_line(Session& session, std::string_view line, std::string_view command)
+{
     const Node* node = find_node(session.node);
     std::vector<std::string_view>& words = session.words;
-    split_words(line, &words);
-    if (words.empty()) return {MatchStatus::Empty};
+    split_words(command, &words);
     Match& match = session.match;
-    if (node != nullptr) {
+    if (words.empty()) {
+        match.status = MatchStatus::Empty;
+    } else if (node != nullptr) {
         node->commands.match(words, match);
     } else {
         match.status = MatchStatus::Unknown;
         match.error_word = 0;
         match.reason.clear();
     }
-    Outcome outcome{match.status, 0, match.element};
     switch (match.status) {
-    case MatchStatus::Matched: {
-        session.buf = match.line.c_str();
-        Executing scope(session);
-        outcome.result =
-            match.element->func(match.element, &session, static_cast<int>(match.argv.size()), match.argv.data());
-        session.buf = "";
-        break;
-    }
+    case MatchStatus::Matched:
     case MatchStatus::Empty:
         break;
     case MatchStatus::Unknown:
@@ -152,7 +147,86 @@ Outcome run_line(Session& session, std::string_view line)
         print_ambiguous(session);
         break;
     }
+    return match.status;
+}
+
+Outcome run_match(Session& session)
+{
+    Match& match = session.match;
+    session.buf = match.line.c_str();
+    Executing scope(session);
+    int result = match.element->func(match.element, &session, static_cast<int>(match.argv.size()), match.argv.data());
+    session.buf = "";
+    return {MatchStatus::Matched, result, match.element};
+}
+
+Outcome run_command(Session& session, std::string_view line)
+{
+    MatchStatus status = match_line(session, line, line);
+    return status == MatchStatus::Matched ? run_match(session) : Outcome{status};
+}
+
+void start_saving(Session& session, SaveRequest&& request)
+{
+    session.saving = start_saving(std::move(request), [&session] {
+        session.flush_wanted.store(true);
+        wake_loop();
+    });
+}
+
+// A line with filters. A wrong one keeps the command from running.
+Outcome run_filtered(Session& session, std::string_view line)
+{
+    FilteredLine typed = split_filters(line);
+    std::string_view fault;
+    std::string error;
+    auto show = [&session](std::string_view text) {
+        show_answer(session, text);
+        show_answer(session, newline(session));
+    };
+    std::unique_ptr<FilterChain> chain = FilterChain::make(typed.filters, show, &fault, &error);
+    if (chain && trimmed(typed.command).empty()) {
+        fault = line.substr(typed.command.size());
+        error = "There is no command before the filter";
+        chain.reset();
+    }
+    if (!chain) {
+        print_caret(session, line, fault);
+        print(session, WRONG_FILTER, error.c_str(), newline(session));
+        return {MatchStatus::Unknown};
+    }
+    if (chain->wishes.no_more) session.pager.off();
+    if (chain->wishes.takes_errors) session.filters = std::move(chain);
+    Outcome outcome{match_line(session, line, typed.command)};
+    if (chain) session.filters = std::move(chain);
+    bool matched = outcome.status == MatchStatus::Matched;
+    if (matched) outcome = run_match(session);
+    chain = std::move(session.filters);
+    if (matched || chain->wishes.takes_errors) chain->end(matched ? outcome.result : -1);
+    if (matched && chain->wishes.save) start_saving(session, std::move(*chain->wishes.save));
     return outcome;
+}
+
+} // namespace
+
+Outcome run_line(Session& session, std::string_view line)
+{
+    if (line.size() > LINE_LIMIT) {
+        print(session, LINE_TOO_LONG, LINE_LIMIT, newline(session));
+        return {MatchStatus::Unknown};
+    }
+    const NodeRules& rules = rules_of(session.node);
+    bool raw = rules.raw_line != nullptr;
+    if (!raw && is_remark(line)) return {MatchStatus::Empty};
+    session.editor.remember(trimmed(line));
+    if (raw) return run_raw(session, rules, line);
+    return line.find('|') == std::string_view::npos ? run_command(session, line) : run_filtered(session, line);
+}
+
+void finish_saving(Session& session)
+{
+    append_output(session, session.saving->report() + newline(session));
+    session.saving.reset();
 }
 
 namespace {

@@ -16,12 +16,16 @@ constexpr const char* UNKNOWN_COMMAND = "%% Unknown command.%s";
 constexpr const char* UNKNOWN_WORD = "%% Unknown word here: %s.%s"; // why, as the grammar can tell
 constexpr const char* INCOMPLETE_COMMAND = "%% Incomplete command.%s";
 constexpr const char* AMBIGUOUS_COMMAND = "%% Ambiguous command: %s.%s"; // what it could mean
+constexpr const char* WRONG_FILTER = "%% %s.%s";                         // below a caret, too
 constexpr const char* LINE_TOO_LONG = "%% Line too long (more than %zu characters).%s";
 constexpr const char* LINE_REFUSED = "%% Line refused: it holds bytes that are not printable text.%s";
 constexpr const char* NO_HELP = "% No command continues like this."; // for "?"
 
 // Executes one line in the session's node, or prints why not.
+// A remark ("! ..." or "# ...") is no command. Where a filter saves the answer, session.saving is set.
 Outcome run_line(Session& session, std::string_view line);
+// Tells the operator how saving went, once it is done.
+void finish_saving(Session& session);
 
 // "exit" and "end" as commands: where they lead, with the node's leave hook.
 void leave_node(Session& session);

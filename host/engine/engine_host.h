@@ -57,7 +57,7 @@ void install_host_element(int node, cmd_element* element);
 void for_each_element(Origin origin, const std::function<void(int node, const cmd_element&)>& visit);
 
 // Tells whether a printed line says that its command was refused, although the handler returned 0; for programs in
-// machine mode. null: no line says so.
+// machine mode and for filters. null: no line says so.
 void set_refusal_check(bool (*check)(std::string_view line));
 
 // --- While the console is served ----------------------------------------------------------------------------------

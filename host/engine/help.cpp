@@ -8,14 +8,14 @@
 namespace engine {
 namespace {
 
-constexpr std::size_t PLAIN_WIDTH = 80;
 constexpr std::size_t WIDEST_WORD = 28; // longer words have their help on a line of its own
 constexpr std::size_t INDENT = 2, GAP = 2;
 constexpr std::size_t NARROWEST_HELP = 20;
+constexpr std::string_view FILTER_HELP = "Filter the answer: include, exclude, count, json ...";
 
 std::size_t screen_width(const Session& session)
 {
-    return session.editor.width() > 0 ? session.editor.width() : PLAIN_WIDTH;
+    return screen_columns(session) > 0 ? screen_columns(session) : PLAIN_WIDTH;
 }
 
 // The complete words before the one being typed, and that one.
@@ -34,11 +34,17 @@ Position position_in(std::string_view text)
     return position;
 }
 
-std::vector<Candidate> candidates_at(const Session& session, const Position& position)
+std::vector<Candidate> candidates_at(const Session& session, std::string_view before_cursor, Position* position)
 {
-    const Node* node = find_node(session.node);
-    if (node == nullptr) return {};
-    return node->commands.candidates(position.words, position.partial);
+    FilteredLine line = split_filters(before_cursor);
+    *position = position_in(line.filters.empty() ? line.command : line.filters.back());
+    std::vector<Candidate> entries;
+    if (!line.filters.empty())
+        entries = filter_candidates(position->words, position->partial);
+    else if (const Node* node = find_node(session.node))
+        entries = node->commands.candidates(position->words, position->partial);
+    if (!entries.empty() && entries.back().word == END_OF_LINE) entries.push_back({"|", FILTER_HELP, false});
+    return entries;
 }
 
 // One entry: the word, and its help in the rest of the line and as many more as it takes.
@@ -120,7 +126,8 @@ std::string help_text(const Session& session, std::string_view before_cursor)
             c == '\n' ? lines += end : lines += c;
         return lines + end;
     }
-    std::vector<Candidate> entries = candidates_at(session, position_in(before_cursor));
+    Position position;
+    std::vector<Candidate> entries = candidates_at(session, before_cursor, &position);
     if (entries.empty()) return std::string(NO_HELP) + end;
     return table(entries, screen_width(session), end);
 }
@@ -128,8 +135,8 @@ std::string help_text(const Session& session, std::string_view before_cursor)
 Completion complete(const Session& session, std::string_view before_cursor)
 {
     if (rules_of(session.node).raw_line != nullptr) return {};
-    Position position = position_in(before_cursor);
-    std::vector<Candidate> entries = candidates_at(session, position);
+    Position position;
+    std::vector<Candidate> entries = candidates_at(session, before_cursor, &position);
     std::vector<std::string_view> literals;
     for (const Candidate& entry : entries)
         if (entry.literal && std::string_view(entry.word).starts_with(position.partial)) literals.push_back(entry.word);

@@ -10,7 +10,7 @@ namespace engine {
 namespace {
 
 constexpr std::size_t ECHO_STRETCH = 16 * 1024; // redrawing a long line for every byte of a flood stays bounded
-constexpr std::size_t PLAIN_WIDTH = 80;         // assumed where a client did not tell
+constexpr std::size_t UNKNOWN_WIDTH = 80;       // assumed where a client did not tell
 
 constexpr unsigned char ctrl(char letter)
 {
@@ -96,7 +96,6 @@ void LineEditor::reset()
     past.clear();
     past_bytes = 0;
     screen_width = 0;
-    after_cr = false;
     escape_state = Escape::None;
     begin(0, Mode{});
     text.shrink_to_fit();
@@ -109,13 +108,6 @@ LineEditor::Fed LineEditor::feed(std::string_view bytes, std::string* echo)
     while (i < bytes.size()) {
         if (echo->size() >= stretch_end) return {i, Action::None};
         auto byte = static_cast<unsigned char>(bytes[i]);
-        if (after_cr) {
-            after_cr = false;
-            if (byte == '\n' || byte == 0) {
-                ++i;
-                continue;
-            }
-        }
         bool asks_help = mode.help && !mode.secret;
         if (escape_state == Escape::None && sequence.empty() && is_plain(bytes[i]) && !(byte == '?' && asks_help)) {
             std::size_t end = i + 1;
@@ -160,8 +152,6 @@ LineEditor::Action LineEditor::control(unsigned char byte, std::string* echo)
     }
     switch (byte) {
     case '\r':
-        after_cr = true;
-        return end_line(echo);
     case '\n':
         return end_line(echo);
     case '\t':
@@ -374,7 +364,7 @@ void LineEditor::remember(std::string_view line)
 void LineEditor::erase(std::string* echo)
 {
     std::size_t end = column(text.size());
-    if (!mode.echo || (screen_width == 0 && end >= PLAIN_WIDTH)) {
+    if (!mode.echo || (screen_width == 0 && end >= UNKNOWN_WIDTH)) {
         *echo += "\r\n";
     } else if (screen_width == 0) {
         *echo += '\r';

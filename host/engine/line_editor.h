@@ -17,7 +17,7 @@ constexpr std::size_t HISTORY_BYTES = 64 * 1024;
 // Columns that a text takes on the screen: one for each character of its UTF-8.
 std::size_t columns_of(std::string_view text);
 
-// Bytes that mean something: printable ASCII and printable UTF-8 are inserted; CR, LF, CR LF and CR NUL end the line;
+// Bytes that mean something: printable ASCII and printable UTF-8 are inserted; CR and LF end the line;
 // BS and DEL erase; ^A ^E ^B ^F, arrows, home and end move; ^P ^N and the vertical arrows walk the history; ^U, ^K and
 // ^W erase to the start, to the end and one word; delete and ^D erase under the cursor; ^C, ^L and TAB are actions, and
 // so is ^D in an empty line. Every other control byte and escape sequence, and NUL, is ignored. A line with bytes that
@@ -127,7 +127,6 @@ class LineEditor {
     bool overflow = false;
     bool foreign = false;
     bool discarding = false; // line mode: the rest of a line that asked for help
-    bool after_cr = false;
     Escape escape_state = Escape::None;
     unsigned escape_number = 0;
     std::string sequence; // bytes of an unfinished UTF-8 character

@@ -6,6 +6,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "host/engine/failure_lines.h"
 #include "host/engine/session.h"
 
 namespace engine {
@@ -13,8 +14,6 @@ namespace {
 
 constexpr std::string_view REQUEST = "#!machine ";
 constexpr int VERSION = 1;
-
-bool (*is_refusal)(std::string_view line) = nullptr;
 
 // Members keep their order: what a reader wants first comes first.
 using Json = nlohmann::ordered_json;
@@ -42,9 +41,7 @@ void for_each_line(std::string_view text, Visit visit)
 bool tells_failure(std::string_view output)
 {
     bool failed = false;
-    for_each_line(output, [&](std::string_view line) {
-        failed |= line.substr(0, 2) == "% " || (is_refusal != nullptr && is_refusal(line));
-    });
+    for_each_line(output, [&](std::string_view line) { failed |= is_failure_line(line); });
     return failed;
 }
 
@@ -87,21 +84,15 @@ bool is_nonce(std::string_view text)
 
 } // namespace
 
-void set_refusal_check(bool (*check)(std::string_view line))
-{
-    is_refusal = check;
-}
-
 FirstLine take_first_line(Session& session)
 {
     std::string_view typed = std::string_view(session.in).substr(session.in_at);
     std::string_view begin = typed.substr(0, REQUEST.size());
     if (session.telnet->echo || REQUEST.substr(0, begin.size()) != begin) return FirstLine::Ordinary;
-    std::size_t end = typed.find('\n');
+    std::size_t end = typed.find_first_of("\r\n");
     if (end == std::string_view::npos)
         return typed.size() > REQUEST.size() + NONCE_LIMIT ? FirstLine::Ordinary : FirstLine::Incomplete;
     std::string_view nonce = typed.substr(REQUEST.size(), end - REQUEST.size());
-    if (!nonce.empty() && nonce.back() == '\r') nonce.remove_suffix(1);
     if (!is_nonce(nonce)) return FirstLine::Ordinary;
     session.machine = std::make_unique<MachineMode>();
     session.machine->nonce = nonce;

@@ -60,7 +60,14 @@ int take_text(Session& session, std::string_view text)
             return static_cast<int>(text.size());
         }
     }
-    return append_output(session, text) ? static_cast<int>(text.size()) : -1;
+    bool taken = true;
+    if (executing != &session)
+        taken = append_output(session, text);
+    else if (session.filters)
+        session.filters->write(text);
+    else
+        taken = show_answer(session, text);
+    return taken ? static_cast<int>(text.size()) : -1;
 }
 
 } // namespace
@@ -73,6 +80,24 @@ Session* session_of(vty* session)
 Session& session_at(unsigned index)
 {
     return pool().sessions[index];
+}
+
+std::size_t screen_rows(const Session& session)
+{
+    return session.length_set ? *session.length_set : session.telnet ? session.telnet->rows : 0;
+}
+
+std::size_t screen_columns(const Session& session)
+{
+    return session.width_set ? *session.width_set : session.telnet ? session.telnet->columns : 0;
+}
+
+void adopt_screen_size(Session& session)
+{
+    // Only a client that told its size is taken for a terminal that escape sequences move about on.
+    bool told = session.telnet && session.telnet->columns > 0;
+    session.editor.set_width(told ? screen_columns(session) : 0);
+    if (session.pager.waits()) session.pager.resize(screen_rows(session), screen_columns(session));
 }
 
 Session* take_session(int type)
@@ -97,11 +122,14 @@ Session* take_session(int type)
     session->phase = Phase::Open;
     session->opened = session->last_input = Clock::now();
     session->in_ended = session->waits_to_send = session->queued = false;
-    session->may_ask_machine = false;
-    session->local = session->at_prompt = session->closing = session->cut_off = false;
+    session->may_ask_machine = session->after_cr = false;
+    session->local = session->at_prompt = session->line_open = session->closing = session->cut_off = false;
     session->connected = false;
     session->login_failures = 0;
     session->editor.reset();
+    session->pager.begin(0, 0);
+    session->length_set.reset();
+    session->width_set.reset();
     session->flush_wanted.store(false);
     return session;
 }
@@ -137,6 +165,8 @@ void free_session(Session& session)
     session.in_at = session.out_sent = 0;
     session.editor.reset();
     session.match = Match{};
+    session.pager.begin(0, 0);
+    session.saving.reset();
     session.phase = Phase::Free;
     std::lock_guard guard(pool().lock);
     pool().free.push_back(&session);
@@ -157,6 +187,14 @@ bool append_output(Session& session, std::string_view text)
     if (executing == &session && unsent(session) >= SEND_EARLY) send_output(session);
     if (unsent(session) > OUTPUT_LIMIT) cut_off(session, "it left too much output unread");
     return !session.cut_off;
+}
+
+bool show_answer(Session& session, std::string_view text)
+{
+    if (!session.pager.pages()) return append_output(session, text);
+    std::string screen;
+    session.pager.print(text, &screen);
+    return append_output(session, screen);
 }
 
 void print(Session& session, const char* format, ...)
@@ -256,6 +294,10 @@ Outcome execute(vty* handle, std::string_view line)
     if (session.phase != Phase::Open) return {MatchStatus::Empty};
     session.last_input = Clock::now();
     Outcome outcome = run_line(session, line);
+    if (session.saving) {
+        session.saving->wait();
+        finish_saving(session);
+    }
     append_output(session, take_event_lines(session));
     if (session.closing) {
         retire(session);

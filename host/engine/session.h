@@ -11,6 +11,7 @@
 #include <deque>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <thread>
@@ -18,8 +19,11 @@
 
 #include "host/engine/engine_host.h"
 #include "host/engine/event_buffer.h"
+#include "host/engine/filter.h"
 #include "host/engine/line_editor.h"
 #include "host/engine/machine_mode.h"
+#include "host/engine/pager.h"
+#include "host/engine/save_file.h"
 #include "host/engine/telnet.h"
 
 namespace engine {
@@ -58,8 +62,9 @@ struct Session : vty {
     Clock::time_point opened, last_input, drain_end;
 
     std::unique_ptr<Telnet> telnet;
-    std::string in; // typed, not yet looked at
+    std::string in; // typed, not yet looked at; CR LF and CR NUL are one CR
     std::size_t in_at = 0;
+    bool after_cr = false; // the last byte typed was a CR
     bool in_ended = false; // the client sends nothing more
     std::string out;       // telnet bytes to be sent; for memory sessions the text itself
     std::size_t out_sent = 0;
@@ -69,10 +74,16 @@ struct Session : vty {
     LineEditor editor;
     std::vector<std::string_view> words; // of the line being executed
     Match match;
+    std::unique_ptr<FilterChain> filters; // what the answer of the line being executed passes
+    Pager pager;
+    std::shared_ptr<SaveJob> saving;      // the line is done when it is
+    std::optional<unsigned> length_set;   // rows of a page by "terminal length", 0: no pages
+    std::optional<unsigned> width_set;    // columns of the screen by "terminal width"
     std::unique_ptr<MachineMode> machine; // null: an operator's session
     bool may_ask_machine = false;         // a local session whose first line has not come yet
     bool local = false;                   // came through the local socket
     bool at_prompt = false;               // the prompt is the last thing on the screen, but for what is being typed
+    bool line_open = false;               // a line is being typed, even where pages of help cover it
     bool closing = false;                 // to be closed after the line being executed
     bool cut_off = false;                 // nothing can be sent any more
     int login_failures = 0;
@@ -84,11 +95,18 @@ inline std::size_t unsent(const Session& session)
     return session.out.size() - session.out_sent;
 }
 
-// A program in machine mode gets no further line executed before it has read the last answers.
+// Whether what was typed has to wait: for an answer that is being saved, or, from a program in machine mode, until it
+// has read the last answers.
 inline bool holds_input(const Session& session)
 {
-    return session.machine != nullptr && session.waits_to_send;
+    return session.saving != nullptr || (session.machine != nullptr && session.waits_to_send);
 }
+// The size of the operator's screen: what was set, or what the client told; 0 when neither.
+std::size_t screen_rows(const Session& session);
+std::size_t screen_columns(const Session& session);
+constexpr std::size_t PLAIN_WIDTH = 80; // assumed where nobody told
+// To be called when one of them has changed.
+void adopt_screen_size(Session& session);
 
 // Takes a record from the pool, in the view node; null when all are in use.
 Session* take_session(int type);
@@ -101,6 +119,8 @@ Session& session_at(unsigned index);
 
 // Console thread: appends to the session's output. False when the session takes none.
 bool append_output(Session& session, std::string_view text);
+// The same for a part of an answer, which is shown a page at a time.
+bool show_answer(Session& session, std::string_view text);
 __attribute__((format(printf, 2, 3))) void print(Session& session, const char* format, ...);
 // Sends what can be sent without waiting.
 void send_output(Session& session);

@@ -36,7 +36,14 @@ char editing_key(unsigned char command)
 }
 
 constexpr std::size_t SLICE = 512; // how exactly the length of an unfinished subnegotiation is known
-constexpr unsigned NARROWEST = 20, WIDEST = 1000;
+// Sizes outside of these are no sizes: clients that do not know theirs send zeros.
+constexpr unsigned NARROWEST = 4, LOWEST = 2, LARGEST = 1000;
+
+unsigned window_side(std::string_view octets, unsigned least)
+{
+    unsigned side = static_cast<unsigned char>(octets[0]) * 256U + static_cast<unsigned char>(octets[1]);
+    return side >= least && side <= LARGEST ? side : 0;
+}
 
 } // namespace
 
@@ -109,8 +116,8 @@ void Telnet::handle(const telnet_event_t& event)
 
 void Telnet::window_size(std::string_view data)
 {
-    unsigned width = static_cast<unsigned char>(data[0]) * 256U + static_cast<unsigned char>(data[1]);
-    columns = width >= NARROWEST && width <= WIDEST ? width : 0;
+    columns = window_side(data.substr(0, 2), NARROWEST);
+    rows = window_side(data.substr(2), LOWEST);
 }
 
 void append_telnet_text(std::string_view text, std::string* out)

@@ -31,6 +31,7 @@ class Telnet {
     std::string answer;   // what goes to the client, since it was last cleared
     bool echo = false;    // the client asked for echo
     unsigned columns = 0; // width of its window, 0 when it did not say
+    unsigned rows = 0;    // and its height
     const char* fault() const
     {
         return broken;

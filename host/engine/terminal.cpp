@@ -48,7 +48,7 @@ void show_prompt(Session& session)
         send_answer(session, text);
     else
         append_output(session, text);
-    session.at_prompt = true;
+    session.at_prompt = session.line_open = true;
 }
 
 // Prompt and typed text once more, below what was printed meanwhile.
@@ -57,6 +57,52 @@ void restore_line(Session& session)
     std::string text;
     session.editor.redraw(prompt(&session), &text);
     append_output(session, text);
+}
+
+// Starts an answer. What was typed ahead is meant as commands, not as keys: then no page waits.
+void begin_answer(Session& session)
+{
+    bool unread = session.machine || session.in_at < session.in.size() || session.in_ended;
+    session.pager.begin(unread ? 0 : screen_rows(session), screen_columns(session));
+}
+
+void end_answer(Session& session)
+{
+    std::string text;
+    session.pager.end(&text);
+    append_output(session, text);
+}
+
+// The answer to a line is complete: events that waited, and a new prompt.
+void finish_answer(Session& session)
+{
+    if (session.node != AUTH_NODE && !session.machine) append_output(session, take_event_lines(session));
+    if (!session.closing) show_prompt(session);
+}
+
+// Goes on when nothing holds the answer back any more: with the line that asked for help, or with a new prompt.
+void finish_if_complete(Session& session)
+{
+    if (session.pager.waits()) return;
+    if (session.line_open) {
+        session.at_prompt = true;
+        if (session.editor.echoes()) restore_line(session); // without echo the rest of the line is dropped
+        return;
+    }
+    if (session.saving) {
+        if (!session.saving->is_done()) return;
+        finish_saving(session);
+        watch_session(session);
+    }
+    finish_answer(session);
+}
+
+void show_all_pages(Session& session)
+{
+    std::string text;
+    session.pager.release(&text);
+    append_output(session, text);
+    finish_if_complete(session);
 }
 
 // Event lines appear above the line that is being typed.
@@ -107,17 +153,28 @@ void finish_line(Session& session)
         print(session, LINE_REFUSED, newline(session));
     } else {
         std::string line = editor.line();
+        begin_answer(session);
         Outcome outcome = run_line(session, line);
+        end_answer(session);
         if (session.machine) session.machine->outcome = outcome;
     }
 }
 
+// Shows something below the line that is being typed, and the line again.
+void show_below(Session& session, std::string_view text)
+{
+    bool echoes = session.editor.echoes();
+    begin_answer(session);
+    if (echoes) append_output(session, "\r\n");
+    show_answer(session, text);
+    end_answer(session);
+    session.at_prompt = false;
+    finish_if_complete(session);
+}
+
 void show_help(Session& session)
 {
-    std::string text = session.editor.echoes() ? "\r\n" : "";
-    text += help_text(session, std::string_view(session.editor.line()).substr(0, session.editor.cursor()));
-    append_output(session, text);
-    if (session.editor.echoes()) restore_line(session); // without echo the rest of the line is dropped
+    show_below(session, help_text(session, std::string_view(session.editor.line()).substr(0, session.editor.cursor())));
 }
 
 void complete_word(Session& session)
@@ -128,8 +185,7 @@ void complete_word(Session& session)
     if (!completion.insert.empty()) session.editor.insert(completion.insert, &text);
     append_output(session, text);
     if (completion.listing.empty()) return;
-    append_output(session, "\r\n" + completion.listing);
-    restore_line(session);
+    show_below(session, completion.listing);
 }
 
 // Acts on what was typed. True when the line is done with and a new prompt is due.
@@ -184,19 +240,23 @@ void process_input(Session& session)
     Clock::time_point start = Clock::now();
     int lines = 0;
     std::string echo;
-    while (session.in_at < session.in.size() && !session.closing && !session.cut_off) {
+    while (session.in_at < session.in.size() && !session.closing && !session.cut_off && !holds_input(session)) {
         echo.clear();
         std::string_view rest = std::string_view(session.in).substr(session.in_at);
+        if (session.pager.waits()) {
+            session.in_at += session.pager.feed(rest, &echo);
+            append_output(session, echo);
+            finish_if_complete(session);
+            continue;
+        }
         auto [taken, action] = session.editor.feed(rest, &echo);
         session.in_at += taken;
         append_output(session, echo);
         if (act(session, action)) {
-            if (session.node != AUTH_NODE && !session.machine) append_output(session, take_event_lines(session));
-            if (!session.closing) show_prompt(session);
-            if (session.machine) {
-                send_output(session);
-                if (holds_input(session)) break;
-            }
+            session.line_open = false;
+            if (session.saving) watch_session(session);
+            finish_if_complete(session);
+            if (session.machine) send_output(session);
             if (++lines >= LINES_PER_TURN) break;
         }
         if (Clock::now() - start > TIME_PER_TURN) break;
@@ -208,19 +268,29 @@ void process_input(Session& session)
     }
 }
 
+// The second byte of a line end must not be taken for a key.
+void take_typed(Session& session, std::string_view bytes)
+{
+    for (char byte : bytes) {
+        bool second = session.after_cr && (byte == '\n' || byte == '\0');
+        session.after_cr = byte == '\r';
+        if (!second) session.in += byte;
+    }
+}
+
 void take_telnet(Session& session, std::string_view bytes)
 {
     if (session.machine) { // no telnet any more
-        session.in += bytes;
+        take_typed(session, bytes);
         return;
     }
     Telnet& telnet = *session.telnet;
     bool sound = telnet.receive(bytes);
-    session.in += telnet.typed;
+    take_typed(session, telnet.typed);
     telnet.typed.clear();
     session.out += telnet.answer;
     telnet.answer.clear();
-    session.editor.set_width(telnet.columns);
+    adopt_screen_size(session);
     if (session.local) session.editor.set_echo(telnet.echo);
     if (!sound) cut_off(session, telnet.fault());
     if (unsent(session) > OUTPUT_LIMIT) cut_off(session, "it left too much output unread");
@@ -298,6 +368,7 @@ void open_connection(int fd, bool local, const std::string& from)
 void close_connection(Session& session, const char* last_line)
 {
     if (session.phase == Phase::Open) {
+        session.pager.begin(0, 0);
         if (last_line != nullptr) print(session, "%s%s%s", newline(session), last_line, newline(session));
         retire(session);
         if (session.machine && !session.cut_off) send_closing(session);
@@ -326,11 +397,14 @@ int serve_session(thread* work)
         return 0;
     }
     session.flush_wanted.store(false);
+    if (session.saving) finish_if_complete(session);
     bool all_taken = session.in_at == session.in.size() || session.may_ask_machine;
     if (all_taken && !session.in_ended && !session.cut_off && !holds_input(session)) receive(session);
-    if (!holds_input(session)) process_input(session);
+    if (session.in_ended && session.pager.waits()) show_all_pages(session); // nobody will press a key
+    process_input(session);
     bool input_left = session.in_at < session.in.size() && !session.may_ask_machine;
-    if (session.closing || session.cut_off || (session.in_ended && !input_left)) {
+    bool ended = session.in_ended && !input_left && !session.saving && !session.pager.waits();
+    if (session.closing || session.cut_off || ended) {
         close_connection(session, nullptr);
         return 0;
     }

@@ -147,12 +147,12 @@ def wait_until(condition):
 
 def test_window_size(host, console):
     """Help is laid out for the window's width, and for the new one after a change."""
-    terminal = Terminal(console, host, columns=40)
+    terminal = Terminal(console, host, columns=40, rows=50)
     terminal.wait_for(b"> ")
     terminal.type(b"?")
     narrow = terminal.wait_for(b"> ")
     assert max(len(line) for line in narrow.split(b"\r\n")) <= 40, narrow
-    terminal.resize(160, 24)
+    terminal.resize(160, 50)
     terminal.process.send_signal(signal.SIGWINCH)
     time.sleep(0.3)
     terminal.type(b"?")

@@ -124,7 +124,7 @@ TEST_F(ServerTest, WrapsHelpToTheWindow)
 {
     Client client;
     connect(client);
-    client.send("\xff\xfb\x1f\xff\xfa\x1f\x00\x28\x00\x18\xff\xf0?"sv);
+    client.send("\xff\xfb\x1f\xff\xfa\x1f\x00\x28\x00\x60\xff\xf0?"sv);
     std::string help = client.until("LAB# ");
     std::size_t longest = 0, column = 0;
     for (char c : help) {

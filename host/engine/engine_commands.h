@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: Apache-2.0
+// The engine's own commands, file by file.
+#pragma once
+
+#include <span>
+#include <string_view>
+
+#include "host/engine/session.h"
+
+namespace engine {
+
+struct EngineCommand {
+    int node; // EVERY_NODE: all of them
+    cmd_element element;
+};
+constexpr int EVERY_NODE = -1;
+
+constexpr cmd_element element(const char* grammar, cmd_handler* handler, const char* help)
+{
+    return {grammar, handler, help, 0, nullptr, 0, nullptr, nullptr, 0};
+}
+
+std::span<EngineCommand> screen_commands();  // terminal length, terminal width
+std::span<EngineCommand> session_commands(); // who, kill session, show history
+
+void print_line(Session& session, std::string_view text);
+
+} // namespace engine
