@@ -70,17 +70,22 @@ int main(int argc, char** argv)
 
     CLI::App app{"Console of an EPON OLT, on a simulated network", "epon-host"};
     app.set_version_flag("--version", "epon-host 2.0");
-    app.add_option("--scenario", scenario, "Network to simulate (TOML); default: an embedded demo");
+    app.add_option("--scenario", scenario, "Network to simulate (TOML); default: an embedded demo")
+        ->type_name("SCENARIO");
     app.add_option("--port", options.port, "TCP port of the console")
         ->check(CLI::Range(1, 65535))
         ->capture_default_str();
     app.add_option("--listen", options.listen_address,
                    "Address of the console's TCP port; needs --password-file "
                    "unless it is a loopback address")
+        ->type_name("ADDRESS")
         ->capture_default_str();
-    app.add_option("--socket", options.socket_path, "Local socket of the console; default: /var/run/zebra.vty");
-    app.add_option("--password-file", options.password_file, "File with the console's password as a crypt(3) hash");
-    app.add_option("--sdk-log", sdk_log, "File that the SDK log and every SDK call are appended to; -: stderr");
+    app.add_option("--socket", options.socket_path, "Local socket of the console; default: /var/run/zebra.vty")
+        ->type_name("SOCKET");
+    app.add_option("--password-file", options.password_file, "File with the console's password as a crypt(3) hash")
+        ->type_name("FILE");
+    app.add_option("--sdk-log", sdk_log, "File that the SDK log and every SDK call are appended to; -: stderr")
+        ->type_name("FILE");
     app.add_flag("--list-commands", only_list, "Print every command: node, handler and grammar, separated by tabs");
     try {
         app.parse(argc, argv);

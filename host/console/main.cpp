@@ -28,12 +28,17 @@ void add_options(CLI::App& options, Wanted& wanted)
 {
     constexpr long LONGEST = 30L * 24 * 3600;
     options.set_version_flag("--version", "epon-console 2.0");
-    options.add_option("--socket", wanted.socket, "Local socket of the console")->capture_default_str();
-    options.add_option("--node", wanted.node, "First go there: \"enable; configure terminal; olt 0\"");
+    options.add_option("--socket", wanted.socket, "Local socket of the console")
+        ->type_name("SOCKET")
+        ->capture_default_str();
+    options.add_option("--node", wanted.node, "First go there: \"enable; configure terminal; olt 0\"")
+        ->type_name("COMMANDS");
     CLI::Option* command =
         options.add_option("-c,--command", wanted.commands, "Carry out this command; may be given several times")
+            ->type_name("COMMAND")
             ->allow_extra_args(false);
     options.add_option("-f,--file", wanted.file, "Carry out the commands of this file, one a line; -: standard input")
+        ->type_name("FILE")
         ->excludes(command);
     options.add_flag("--json", wanted.script.json, "Print one JSON object for each command, one a line");
     options.add_flag("--echo", wanted.script.echo, "Print prompt and command before each answer");
