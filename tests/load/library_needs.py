@@ -14,7 +14,7 @@ import re
 import subprocess
 import sys
 
-NEEDED = re.compile(r"libc\.so\.6|ld-linux.*\.so\.\d+")
+NEEDED = re.compile(r"libc\.so(\.6)?|ld-linux.*\.so\.\d+")
 
 HEADERS = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "include", "epon")
 
@@ -32,8 +32,8 @@ C_LIBRARY = set("""
 
 # Weak references that every shared object of this toolchain carries.
 TOOLCHAIN = {"__cxa_finalize", "__gmon_start__", "_ITM_deregisterTMCloneTable", "_ITM_registerTMCloneTable"}
-# Arithmetic that 32-bit ARM takes from the compiler's own library, linked in or from libc.
-ARM_ARITHMETIC = re.compile(r"__aeabi_\w+")
+# Arithmetic that 32-bit ARM takes from the compiler's own library, linked in or from libc; its division by zero raises.
+ARM_ARITHMETIC = re.compile(r"__aeabi_(?!unwind)\w+|raise")
 
 
 def tool(*command):
@@ -61,6 +61,11 @@ def symbols(library, *options):
     return sorted({line.split()[-1].split("@")[0] for line in lines})
 
 
+def all_symbols(library):
+    """Names of the full symbol table; empty when the library is stripped."""
+    return sorted({line.split()[-1] for line in tool("nm", library).splitlines() if line})
+
+
 def section_sizes(library):
     sizes = {}
     for name, size in re.findall(r"\]\s+(\.\S+)\s+\S+\s+[0-9a-f]+\s+[0-9a-f]+\s+([0-9a-f]+)",
@@ -85,15 +90,22 @@ def findings(library):
         if name in host:
             yield f"defines {name}, which is the engine's or the SDK's"
     sizes = section_sizes(library)
-    header = tool("readelf", "-hW", library)
-    pointer = 8 if "ELF64" in header else 4
-    # One entry is the toolchain's own frame_dummy.
-    for name in (".init_array", ".fini_array", ".preinit_array", ".ctors", ".dtors"):
-        if sizes.get(name, 0) > pointer:
-            yield f"runs code at load or unload: {name} has {sizes[name] // pointer} entries"
+    for name in (".init", ".fini", ".init_array", ".fini_array", ".preinit_array", ".ctors", ".dtors"):
+        if name in sizes:
+            yield f"runs code at load or unload ({name})"
     for name in (".tdata", ".tbss"):
         if name in sizes:
             yield f"has thread-local data ({name})"
+    for name in (".gcc_except_table", ".ARM.extab"):
+        if name in sizes:
+            yield f"has tables of exceptions ({name})"
+    # All that is left of unwinding is what the compiler's arithmetic brings along.
+    for name, limit in ((".eh_frame", 256), (".eh_frame_hdr", 64), (".ARM.exidx", 64)):
+        if sizes.get(name, 0) > limit:
+            yield f"has tables for unwinding ({name}, {sizes[name]} bytes)"
+    for name in all_symbols(library):
+        if re.match(r"_ZT[ISV]|__gxx_personality|__aeabi_unwind", name):
+            yield f"carries {name}, of type information or exceptions"
     if "TEXTREL" in tool("readelf", "-dW", library):
         yield "has relocations in its code"
 

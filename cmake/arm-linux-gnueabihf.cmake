@@ -1,0 +1,11 @@
+# SPDX-License-Identifier: Apache-2.0
+# The board: 32-bit ARM with hardware floating point, built with Debian's cross compiler and run under qemu. Host-side
+# libraries come from Debian's armhf packages.
+set(CMAKE_SYSTEM_NAME Linux)
+set(CMAKE_SYSTEM_PROCESSOR arm)
+set(CMAKE_C_COMPILER arm-linux-gnueabihf-gcc)
+set(CMAKE_CXX_COMPILER arm-linux-gnueabihf-g++)
+set(CMAKE_LIBRARY_ARCHITECTURE arm-linux-gnueabihf)
+set(CMAKE_CROSSCOMPILING_EMULATOR qemu-arm -L /usr/arm-linux-gnueabihf)
+set(ENV{PKG_CONFIG_LIBDIR} /usr/lib/arm-linux-gnueabihf/pkgconfig:/usr/share/pkgconfig)
+set(CPACK_DEBIAN_PACKAGE_ARCHITECTURE armhf)
