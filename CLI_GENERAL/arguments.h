@@ -95,6 +95,16 @@ extern const WordTable true_false;             // "true" 1, "false" 0
 // The first equal word of the table wins.
 bool read_word(vty* session, const char* text, const char* name, const WordTable& table, int32_t* value);
 
+// T holds every value of the table.
+template <class T>
+bool read_word(vty* session, const char* text, const char* name, const WordTable& table, T* value)
+{
+    int32_t number;
+    if (!read_word(session, text, name, table, &number)) return false;
+    *value = static_cast<T>(number);
+    return true;
+}
+
 // The word of a value, or "Invalid value".
 const char* word_of(const WordTable& table, int32_t value);
 

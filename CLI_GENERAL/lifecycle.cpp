@@ -105,10 +105,11 @@ int CLI_activate()
     return 0;
 }
 
-// The CTC stack and remote management are not part of this build yet, so there is nothing to start or stop.
+// A package that does not start has no commands; the others start all the same.
 int init_packages()
 {
     epon::trace_api_call(ENTRY_POINTS, __func__);
+    CLI_remote_management_init();
     return 0;
 }
 

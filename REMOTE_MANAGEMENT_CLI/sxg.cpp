@@ -8,3 +8,9 @@ void REMOTE_MANAGEMENT_CLI_sxg_cmd_init()
     if (is_installed) return;
     is_installed = true;
 }
+
+int16_t CLI_remote_management_sxg_init()
+{
+    REMOTE_MANAGEMENT_CLI_sxg_cmd_init();
+    return 0;
+}

@@ -126,6 +126,19 @@ int simulate_olt(cmd_element*, vty* session, int, char** argv)
     return refuse(session, "OLT " + std::to_string(olt_id) + " is present already, or not part of this network");
 }
 
+// --- ONUs --------------------------------------------------------------------------------------------------------
+
+int simulate_loop(cmd_element*, vty* session, int, char** argv)
+{
+    const auto olt_id = number<std::int16_t>(argv[0]);
+    const auto onu_id = number<std::int16_t>(argv[1]);
+    const auto port = number<std::uint8_t>(argv[2]);
+    const bool makes = argv[3] == std::string_view("make");
+    if (makes ? sdk_sim::make_loop(olt_id, onu_id, port) : sdk_sim::remove_loop(olt_id, onu_id, port)) return 0;
+    return refuse(session, makes ? "There is no such ONU, or the port has a loop already"
+                                 : "There is no such ONU, or the port has no loop");
+}
+
 // --- Commands ----------------------------------------------------------------------------------------------------
 
 constexpr cmd_element command(const char* grammar, cmd_handler* handler, const char* help)
@@ -149,7 +162,8 @@ constexpr cmd_element command(const char* grammar, cmd_handler* handler, const c
     "dba-sla-refused|cni-link-changed|pon-signal-changed|optical-module-changed|duplicate-mac-address|mac-migrated|"   \
     "address-table-full|multicast-group-changed|protection-switched|xaui-switched-over|reference-clock-changed|"       \
     "time-of-day-changed|firmware-download-progress|rogue-onu-detected|mka-state-changed|mka-key-installed|"           \
-    "packet-number-threshold|gpio-changed|uart-data-received|otdr-measured|flood-detected|received-power-measured)"
+    "packet-number-threshold|gpio-changed|uart-data-received|otdr-measured|flood-detected|received-power-measured|"    \
+    "remote-rstp-loop)"
 #define EVENT_HELP                                                                                                     \
     SIMULATE_HELP                                                                                                      \
     "Raise an event of the SDK; the network itself stays as it is\n"                                                   \
@@ -184,6 +198,15 @@ cmd_element commands[] = {
             SIMULATE_HELP "Take an OLT away, or bring it back\n"
                           "Index of the OLT, 0 to 15\n"
                           "remove: as a power failure would; return: power is back, settings are as they were\n"),
+    command("simulate loop olt <0-15> onu <0-254> port <0-255> (make|remove)", simulate_loop,
+            SIMULATE_HELP "A cable that connects the users of an ONU in a loop\n"
+                          "The OLT of the ONU\n"
+                          "Index of the OLT, 0 to 15\n"
+                          "The ONU\n"
+                          "Index of the ONU, 0 to 254\n"
+                          "User port of the ONU\n"
+                          "Number of the port, 0 to 255\n"
+                          "make: the cable is plugged in; remove: it is taken away\n"),
 };
 
 } // namespace

@@ -8,6 +8,7 @@
 #include <type_traits>
 
 #include <epon/sdk/olt.h>
+#include <epon/sdk/remote_rstp_ldp.h>
 
 #include "host/sdk_sim/events.h"
 #include "host/sdk_sim/sdk_sim.h"
@@ -311,6 +312,17 @@ constexpr EventFieldRow received_power_measured[] = {
     number<&ReceivedPowerMeasuredEvent::llid>("llid", LLID_MEANING),
     number<&ReceivedPowerMeasuredEvent::power>("power", "hundredths of a dBm")};
 
+constexpr EventFieldRow remote_rstp_loop[] = {number<&RemoteRstpLoopEvent::onu_id>("onu_id", ONU_MEANING),
+                                              number<&RemoteRstpLoopEvent::port>("port", "user port of the ONU, 0-255"),
+                                              number<&RemoteRstpLoopEvent::loop>("loop", "1 detected, 0 repaired"),
+                                              number<&RemoteRstpLoopEvent::link>("link", UP_MEANING)};
+
+void call_remote_rstp_loop_handler(EventHandler handler, std::int16_t olt_id, const void* record)
+{
+    const auto& event = *static_cast<const RemoteRstpLoopEvent*>(record);
+    reinterpret_cast<RemoteRstpLoopDetectedHandler*>(handler)(olt_id, event.onu_id, event.port, event.loop, event.link);
+}
+
 constexpr EventRow rows[] = {
     event<EthernetFrameReceivedEvent>(EVENT_ETHERNET_FRAME_RECEIVED, "ethernet-frame-received", ethernet_frame_received,
                                       point_to_octets<&EthernetFrameReceivedEvent::frame>),
@@ -359,7 +371,9 @@ constexpr EventRow rows[] = {
     event<OtdrMeasuredEvent>(EVENT_OTDR_MEASURED, "otdr-measured", otdr_measured),
     event<FloodDetectedEvent>(EVENT_FLOOD_DETECTED, "flood-detected", flood_detected),
     event<ReceivedPowerMeasuredEvent>(EVENT_RECEIVED_POWER_MEASURED, "received-power-measured",
-                                      received_power_measured)};
+                                      received_power_measured),
+    {EVENT_REMOTE_RSTP_LOOP, "remote-rstp-loop", remote_rstp_loop, sizeof(RemoteRstpLoopEvent),
+     call_remote_rstp_loop_handler, nullptr}};
 
 // Fills the record from "field=value,field=value".
 bool read_values(const EventRow& row, std::string_view values, QueuedEvent* queued, std::string* error)

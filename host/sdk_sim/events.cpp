@@ -30,7 +30,7 @@ struct Events {
     std::uint64_t delivered = 0; // of these, the ones whose handlers have returned
     std::vector<Registration> registrations;
     std::uint16_t last_id = 0;
-    std::uint16_t running_id = 0; // of the handler that is being called; 0: none
+    Registration running{}; // whose handler is being called; id 0: none
     void (*firmware_console)(const char* text) = nullptr;
     bool firmware_console_runs = false;
     bool timers_changed = false;
@@ -64,11 +64,11 @@ void call_handlers(Events& e, std::unique_lock<std::mutex>& lock, QueuedEvent& e
                                         [&](const Registration& candidate) { return candidate.id == id; });
         if (found == e.registrations.end() || e.stopping) continue;
         const EventHandler handler = found->handler;
-        e.running_id = id;
+        e.running = *found;
         lock.unlock();
         row->call(handler, event.olt_id, event.record);
         lock.lock();
-        e.running_id = 0;
+        e.running = {};
         e.changed.notify_all();
     }
 }
@@ -117,6 +117,29 @@ void deliver_events()
     }
 }
 
+// False when there is no id left.
+bool add_registration(Events& e, int kind, EventHandler handler, std::uint16_t* id)
+{
+    if (e.registrations.size() >= UINT16_MAX) return false;
+    const auto is_taken = [&e](std::uint16_t candidate) {
+        return candidate == 0 || std::any_of(e.registrations.begin(), e.registrations.end(),
+                                             [&](const Registration& row) { return row.id == candidate; });
+    };
+    do {
+        ++e.last_id;
+    } while (is_taken(e.last_id));
+    e.registrations.push_back({e.last_id, kind, handler});
+    *id = e.last_id;
+    return true;
+}
+
+// A handler that removes itself, or another one, is on the event thread and cannot wait for its own return.
+template <class Matches>
+void wait_for_return(Events& e, std::unique_lock<std::mutex>& lock, const Matches& matches)
+{
+    if (!is_event_thread(e)) e.changed.wait(lock, [&] { return e.running.id == 0 || !matches(e.running); });
+}
+
 const Operation assign_handler_function("NEP_assign_handler_function", GENERAL);
 const Operation delete_handler_function("NEP_delete_handler_function", GENERAL);
 
@@ -129,6 +152,18 @@ void queue_event(QueuedEvent event)
     e.queue.push_back(std::move(event));
     ++e.raised;
     e.changed.notify_all();
+}
+
+bool set_handler(int kind, EventHandler handler)
+{
+    Events& e = events();
+    std::unique_lock lock(e.mutex);
+    const auto is_replaced = [&](const Registration& row) { return row.kind == kind && row.handler != handler; };
+    std::erase_if(e.registrations, [kind](const Registration& row) { return row.kind == kind; });
+    std::uint16_t id;
+    const bool is_set = add_registration(e, kind, handler, &id);
+    wait_for_return(e, lock, is_replaced);
+    return is_set;
 }
 
 void queue_firmware_line(std::int16_t olt_id, std::string line)
@@ -213,21 +248,11 @@ using namespace sdk_sim;
 int16_t NEP_assign_handler_function(int32_t event_kind, EventHandler handler, uint16_t* id)
 {
     return without_model(assign_handler_function, in(event_kind), out(id), [&] {
-        if (handler == nullptr || find_event_row(event_kind) == nullptr) return PARAMETER_ERROR;
+        if (handler == nullptr || event_kind >= EVENT_KIND_LIMIT || find_event_row(event_kind) == nullptr)
+            return PARAMETER_ERROR;
         Events& e = events();
         const std::lock_guard lock(e.mutex);
-        if (e.registrations.size() >= UINT16_MAX) return NO_RESOURCES;
-        const auto is_taken = [&e](std::uint16_t candidate) {
-            return candidate == 0 ||
-                   std::any_of(e.registrations.begin(), e.registrations.end(),
-                               [&](const Registration& registration) { return registration.id == candidate; });
-        };
-        do {
-            ++e.last_id;
-        } while (is_taken(e.last_id));
-        e.registrations.push_back({e.last_id, event_kind, handler});
-        *id = e.last_id;
-        return SUCCESS;
+        return add_registration(e, event_kind, handler, id) ? SUCCESS : NO_RESOURCES;
     });
 }
 
@@ -236,9 +261,9 @@ int16_t NEP_delete_handler_function(uint16_t id)
     return without_model(delete_handler_function, in(id), out(), [&] {
         Events& e = events();
         std::unique_lock lock(e.mutex);
-        std::erase_if(e.registrations, [&](const Registration& registration) { return registration.id == id; });
-        // A handler that removes itself, or another one, is on the event thread and cannot wait for its own return.
-        if (!is_event_thread(e)) e.changed.wait(lock, [&] { return id == 0 || e.running_id != id; });
+        const auto is_deleted = [id](const Registration& row) { return row.id == id && row.kind < EVENT_KIND_LIMIT; };
+        std::erase_if(e.registrations, is_deleted);
+        wait_for_return(e, lock, is_deleted);
         return SUCCESS;
     });
 }

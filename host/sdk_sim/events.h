@@ -10,6 +10,8 @@
 #include <string>
 #include <type_traits>
 
+#include <epon/sdk/events.h>
+
 namespace sdk_sim {
 
 inline constexpr std::size_t EVENT_RECORD_SIZE = 40;
@@ -34,6 +36,23 @@ void raise(int kind, std::int16_t olt_id, const Record& record)
     std::memcpy(event.record, &record, sizeof(record));
     queue_event(std::move(event));
 }
+
+// --- Events of the stacks above the SDK --------------------------------------------------------------------------
+
+// Kinds of events whose handlers are registered with an operation of their own.
+enum StackEventKind { EVENT_REMOTE_RSTP_LOOP = 100 };
+
+// Part of EVENT_REMOTE_RSTP_LOOP, which is handed over value by value.
+struct RemoteRstpLoopEvent {
+    std::int16_t onu_id;
+    std::int32_t port;
+    std::int32_t loop;
+    std::int32_t link;
+};
+
+// The handler of a kind that has one at most, in place of the one before, which is not called any more once this
+// returns. False when there are too many handlers.
+bool set_handler(int kind, EventHandler handler);
 
 void queue_firmware_line(std::int16_t olt_id, std::string line);
 

@@ -10,6 +10,7 @@
 #include <functional>
 #include <map>
 #include <mutex>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -42,6 +43,7 @@
 #include "host/sdk_sim/remote_oam_api.h"
 #include "host/sdk_sim/remote_oam_statistics.h"
 #include "host/sdk_sim/remote_periph.h"
+#include "host/sdk_sim/remote_rstp_ldp.h"
 #include "host/sdk_sim/remote_send_file.h"
 #include "host/sdk_sim/self_test.h"
 #include "host/sdk_sim/send_frame.h"
@@ -85,6 +87,7 @@ struct OnuConfiguration {
     OnuAdc adc;
     MldApplication mld;
     FileTransfer file_transfer;
+    RstpLdp rstp_ldp;
 };
 
 struct Onu {
@@ -103,6 +106,7 @@ struct Onu {
     std::string name, serial_number;                  // as the device tells them: any octets
     OnuImage image;
     OnuDevice device;
+    std::set<std::uint8_t> looped_ports; // user ports that somebody has connected with each other
     OnuConfiguration configuration, initial_configuration;
 };
 

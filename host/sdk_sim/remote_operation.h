@@ -11,6 +11,7 @@ inline constexpr std::int16_t ILLEGAL_SIZE = -13001;
 inline constexpr std::int16_t NO_ONU_RESOURCES = -13006;
 inline constexpr std::int16_t BAD_CONFIGURATION = -13008;
 inline constexpr std::int16_t ALREADY_EXISTS = -13010;
+inline constexpr std::int16_t MISMATCH = -13012;
 inline constexpr std::int16_t QUERY_FAILED = -13014;
 
 // An operation that asks one ONU. body(Network&, Olt&, Onu&) returns a code.

@@ -102,4 +102,9 @@ std::vector<LinkDescription> links();
 bool remove_olt(std::int16_t olt_id);
 bool return_olt(std::int16_t olt_id);
 
+// Makes a loop on a user port of an ONU, as a misplaced cable would, or takes the cable away. False when there is no
+// such ONU, or it is so already.
+bool make_loop(std::int16_t olt_id, std::int16_t onu_id, std::uint8_t port);
+bool remove_loop(std::int16_t olt_id, std::int16_t onu_id, std::uint8_t port);
+
 } // namespace sdk_sim

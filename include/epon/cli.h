@@ -43,6 +43,12 @@ EPON_CLI_API int CLI_activate(void);
 EPON_CLI_API int init_packages(void);
 EPON_CLI_API int terminate_packages(void);
 
+/* Start of remote management: registers the printer of its events and installs its commands. -1, and nothing is
+ * installed, when the printer is refused. */
+EPON_CLI_API int16_t CLI_remote_management_init(void);
+/* Part of it: installs the commands of remote SXG encryption. Always 0. */
+EPON_CLI_API int16_t CLI_remote_management_sxg_init(void);
+
 /* TCP port of the console; 0 is the default, 2600. Taken at the next time that the console is served. */
 EPON_CLI_API void CLI_set_port(unsigned short port);
 EPON_CLI_API void CLI_set_multi_tasking_mode(int mode);

@@ -254,6 +254,12 @@ int16_t NEP_delete_handler_function(uint16_t id)
     return 0;
 }
 
+int16_t REMOTE_NEPONU_assign_application_handler_function(int32_t event, EventHandler handler)
+{
+    check(event == REMOTE_RSTP_LOOP_DETECTED && handler != NULL, "a registration that names no event of an ONU");
+    return 0;
+}
+
 int32_t Olt_exists(int16_t olt_id)
 {
     return olt_id == PRESENT_OLT;

@@ -18,6 +18,7 @@ void activate_once()
         EXPECT_TRUE(engine::prepare(options, &error)) << error;
         install_node_rules();
         CLI_activate();
+        init_packages();
         return true;
     }();
     ASSERT_TRUE(is_active);
