@@ -38,17 +38,14 @@
 #include <epon/sdk/pon_clock.h>
 #include <epon/sdk/pon_transmission.h>
 #include <epon/sdk/post_mortem.h>
-<<<<<<< HEAD
 #include <epon/sdk/remote_alarms.h>
 #include <epon/sdk/remote_device_mgmt.h>
 #include <epon/sdk/remote_mp_application.h>
 #include <epon/sdk/remote_oam_api.h>
 #include <epon/sdk/remote_oam_statistics.h>
 #include <epon/sdk/remote_periph.h>
-#include <epon/sdk/remote_send_file.h>
-=======
 #include <epon/sdk/remote_rstp_ldp.h>
->>>>>>> 3724bfa (Start of remote management; loops on user ports: found, closed, told, resolved)
+#include <epon/sdk/remote_send_file.h>
 #include <epon/sdk/self_test.h>
 #include <epon/sdk/send_frame.h>
 #include <epon/sdk/simple_operation.h>

@@ -166,6 +166,22 @@ TEST_F(SimulateTest, OltsGoAndReturn)
     EXPECT_EQ(type("simulate olt 9 return"), "% OLT 9 is present already, or not part of this network\r\n");
 }
 
+TEST_F(SimulateTest, LoopsAreMadeAndRemoved)
+{
+    EXPECT_EQ(type("simulate loop olt 0 onu 0 port 1 make"), "");
+    EXPECT_EQ(result, 0);
+    EXPECT_EQ(type("simulate loop olt 0 onu 0 port 1 make"),
+              "% There is no such ONU, or the port has a loop already\r\n");
+    EXPECT_EQ(result, -1);
+    EXPECT_EQ(type("simulate loop olt 0 onu 0 port 1 remove"), "");
+    EXPECT_EQ(type("simulate loop olt 0 onu 0 port 1 remove"), "% There is no such ONU, or the port has no loop\r\n");
+    EXPECT_EQ(result, -1);
+    EXPECT_EQ(type("simulate loop olt 0 onu 77 port 1 make"),
+              "% There is no such ONU, or the port has a loop already\r\n");
+    EXPECT_EQ(type("simulate loop olt 9 onu 0 port 1 make"),
+              "% There is no such ONU, or the port has a loop already\r\n");
+}
+
 TEST_F(SimulateTest, LinksOfTheOltsThatArePresent)
 {
     const std::string all = type("show simulate links");
@@ -189,7 +205,7 @@ TEST_F(SimulateTest, CommandsAreInTheirNodesWithHelpForEveryWord)
         EXPECT_TRUE(help.ends_with('\n')) << element.string;
         EXPECT_EQ(help.find("\n\n"), std::string_view::npos) << element.string;
     });
-    EXPECT_EQ(grammars[0].size(), 11U);
+    EXPECT_EQ(grammars[0].size(), 12U);
     EXPECT_EQ(grammars[0], grammars[1]);
     session->node = ENABLE_NODE;
     EXPECT_EQ(type("show simulate faults"), "No faults are waiting.\r\n");

@@ -1,0 +1,150 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "managed_onus_fixture.h"
+
+#include <cstring>
+
+namespace {
+
+constexpr std::string_view ONUS = R"(
+name = "LAB"
+[clock]
+speed = 0
+[[olt]]
+id = 0
+mac = "00-0a-c4-00-00-01"
+[[olt.onu]]
+id = 5
+mac = "02-00-00-00-00-05"
+rate = "10g"
+[[olt.onu]]
+id = 6
+mac = "02-00-00-00-00-06"
+extended_oam = "none"
+remote_management = "none"
+[[olt.onu]]
+id = 7
+mac = "02-00-00-00-00-07"
+extended_oam = "silent"
+remote_management = "silent"
+[[olt.onu]]
+id = 9
+mac = "02-00-00-00-00-09"
+mode = "unauthorized"
+[[olt.onu]]
+id = 254
+mac = "02-00-00-00-00-fe"
+[[olt]]
+id = 1
+mac = "00-0a-c4-00-00-02"
+present = false
+)";
+
+} // namespace
+
+ManagedOnus::ManagedOnus()
+{
+    std::string error;
+    EXPECT_TRUE(sdk_sim::load_scenario_text(ONUS, "test", &error)) << error;
+    journal();
+}
+
+void ManagedOnus::enter_onu(int16_t onu_id, int16_t olt_id)
+{
+    enter(ONU_NODE, olt_id);
+    session->onu_id = onu_id;
+    session->onu_by_index = 1;
+}
+
+void ManagedOnus::enter_onu_by_mac(const char* mac)
+{
+    enter(ONU_NODE);
+    session->onu_id = 0;
+    session->onu_by_index = 0;
+    strcpy(session->onu_mac, mac);
+}
+
+ManagedOnus::Show ManagedOnus::remote_show(const std::string& object, const std::string& own)
+{
+    return {"show onu remote " + object, "show remote " + object, own};
+}
+
+ManagedOnus::Show ManagedOnus::ctc_show(const std::string& object, const std::string& own)
+{
+    return {"show ctc onu " + object, "show ctc " + object, own};
+}
+
+void ManagedOnus::expect_show(const Show& show, const std::string& text, const std::string& call)
+{
+    const std::string look_up = "Mac_address_exist(0, 02-00-00-00-00-05) = 1 -> 5";
+    for (const int node : show.nodes) {
+        enter(node);
+        EXPECT_EQ(type(show.global + " 0 5" + show.own), text) << show.global;
+        EXPECT_EQ(result, 0);
+        EXPECT_EQ(journal(), Calls{call});
+        if (!show.has_mac_form) continue;
+        EXPECT_EQ(type(show.global + " 0 onu-mac-address 02-00-00-00-00-05" + show.own), text) << show.global;
+        EXPECT_EQ(result, 0);
+        EXPECT_EQ(journal(), (Calls{look_up, call}));
+    }
+    enter_onu(5);
+    EXPECT_EQ(type(show.in_onu_node + show.own), text) << show.in_onu_node;
+    EXPECT_EQ(result, 0);
+    EXPECT_EQ(journal(), Calls{call});
+    enter_onu_by_mac("02-00-00-00-00-05");
+    EXPECT_EQ(type(show.in_onu_node + show.own), text) << show.in_onu_node;
+    EXPECT_EQ(result, 0);
+    EXPECT_EQ(journal(), (Calls{look_up, call}));
+    enter_onu(5);
+}
+
+void ManagedOnus::expect_remote_failures(const std::string& line, const char* operation)
+{
+    expect_failures(line, operation,
+                    {{-13013, "OLT not exist"},
+                     {-13015, "ONU not available"},
+                     {{-13014, "query failed"}, {-13009, "discard OAM"}, {-17001, "Error code was not found!!!"}},
+                     false});
+}
+
+void ManagedOnus::expect_ctc_failures(const std::string& line, const char* operation)
+{
+    expect_failures(
+        line, operation,
+        {{-17003, "OLT not exist"},
+         {-17002, "ONU not available"},
+         {{-17001, "query failed"}, {-17009, "ONU returned bad param"}, {-13014, "Error code was not found!!!"}},
+         true});
+}
+
+void ManagedOnus::expect_failure(const std::string& line, const Failure& told, const Family& family)
+{
+    EXPECT_EQ(type(line), failure(told.words, told.code)) << line;
+    EXPECT_EQ(result, family.returns_code ? told.code : 0) << line;
+}
+
+void ManagedOnus::expect_failures(const std::string& line, const char* operation, const Family& family)
+{
+    for (const int16_t onu_id : {6, 8, 255, -1}) {
+        enter_onu(onu_id);
+        expect_failure(line, family.no_onu, family);
+    }
+    for (const int16_t onu_id : {7, 9}) {
+        enter_onu(onu_id);
+        expect_failure(line, {-2, "time out"}, family);
+    }
+    for (const int16_t olt_id : {1, 2}) {
+        enter_onu(5, olt_id);
+        expect_failure(line, family.no_olt, family);
+    }
+    enter_onu(5);
+    for (const Failure& told : family.injected) {
+        inject(operation, told.code);
+        expect_failure(line, told, family);
+    }
+    journal();
+}
+
+std::string ManagedOnus::failure(const char* words, int code)
+{
+    return std::string("Command return error.\r\n") + words + " (error code : " + std::to_string(code) + ")\r\n";
+}

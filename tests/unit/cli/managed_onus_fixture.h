@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: Apache-2.0
+// The console on a network of ONUs that are managed by OAM.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "console_fixture.h"
+#include "links_fixture.h"
+
+// The nodes that have the forms of a show in which the ONU is named.
+inline const std::vector<int> EVERY_SHOW_NODE = {VIEW_NODE, ENABLE_NODE, CONFIG_NODE};
+
+// ONUs 5 (10G) and 254 (1G) answer everything, ONU 6 speaks neither of the two extensions, ONU 7 leaves requests
+// unanswered, ONU 9 is not authorized; 8 is not there.
+class ManagedOnus : public Console {
+  protected:
+    ManagedOnus();
+
+    // Brings the session into the context of an ONU, as "onu" by index would.
+    void enter_onu(int16_t onu_id, int16_t olt_id = 0);
+    // The same as "onu" by MAC address would.
+    void enter_onu_by_mac(const char* mac);
+
+    // A show of one ONU, without its own words: "show onu remote mac encryption-key" and "show remote mac
+    // encryption-key" with the own words " index 1".
+    struct Show {
+        std::string global;
+        std::string in_onu_node;
+        std::string own;
+        bool has_mac_form = true;
+        std::vector<int> nodes = EVERY_SHOW_NODE;
+    };
+    static Show remote_show(const std::string& object, const std::string& own = "");
+    static Show ctc_show(const std::string& object, const std::string& own = "");
+
+    // Types a show about ONU 5 in all its forms and nodes: each prints this text, makes this call and returns 0.
+    void expect_show(const Show& show, const std::string& text, const std::string& call);
+    // Types a line of the ONU node for ONUs that do not answer, for an absent OLT, and with failing calls: each refusal
+    // is told in words.
+    void expect_remote_failures(const std::string& line, const char* operation); // they return 0
+    void expect_ctc_failures(const std::string& line, const char* operation);    // they return the code
+
+    static std::string failure(const char* words, int code);
+
+  private:
+    struct Failure {
+        int16_t code;
+        const char* words;
+    };
+    struct Family {
+        Failure no_olt, no_onu;
+        std::vector<Failure> injected;
+        bool returns_code;
+    };
+    void expect_failure(const std::string& line, const Failure& told, const Family& family);
+    void expect_failures(const std::string& line, const char* operation, const Family& family);
+};
