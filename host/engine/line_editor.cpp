@@ -199,6 +199,7 @@ LineEditor::Action LineEditor::control(unsigned char byte, std::string* echo)
         return Action::None;
     }
     case ctrl('C'):
+        if (shown()) move_to(text.size(), echo); // the line stays readable
         if (mode.echo) *echo += "^C\r\n";
         return Action::Interrupt;
     case ctrl('D'):

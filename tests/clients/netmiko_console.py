@@ -36,7 +36,7 @@ class EponConsole(BaseConnection):
 
     def session_preparation(self):
         self.find_prompt()
-        pass
+        self.send_command("terminal length 0")
 
     def find_prompt(self, delay_factor=1):
         self.clear_buffer()

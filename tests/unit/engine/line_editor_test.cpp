@@ -208,6 +208,14 @@ TEST(LineEditor, AsksForActions)
     }
 }
 
+TEST(LineEditor, LeavesAnInterruptedLineReadable)
+{
+    LineEditor editor = editor_with();
+    Typed typed = type(editor, "show\x1b[D\x1b[D\x03"sv);
+    EXPECT_EQ(typed.actions, std::vector<Action>{Action::Interrupt});
+    EXPECT_EQ(screen("> " + typed.echo), "> show^C\n");
+}
+
 TEST(LineEditor, KeepsAPasswordFromTheScreenAndTheHistory)
 {
     LineEditor editor = editor_with({.secret = true});
