@@ -16,11 +16,13 @@
 #include "host/node_rules.h"
 #include "host/refusal_lines.h"
 #include "host/sdk_sim/sdk_sim.h"
+#include "host/secret_words.h"
 #include "host/simulate.h"
 
 namespace {
 
 constexpr int EXIT_WRONG_START = 2;
+constexpr unsigned MINUTES_LIMIT = 35791;
 
 int refuse(const std::string& reason)
 {
@@ -45,6 +47,7 @@ void start_console(unsigned short port)
     init_epon_driver();
     CLI_set_port(port);
     install_node_rules();
+    install_secret_words();
     engine::set_refusal_check(is_refusal_line);
     CLI_activate();
     install_simulate_commands();
@@ -57,6 +60,61 @@ void stop_console()
     terminate_packages();
     terminate_epon_driver();
     sdk_sim::stop();
+}
+
+// "10" or "10:30", minutes and seconds.
+std::string read_exec_timeout(const std::string& text, engine::Options* options)
+{
+    unsigned minutes, seconds = 0;
+    int end = 0;
+    if (sscanf(text.c_str(), "%5u%n:%2u%n", &minutes, &end, &seconds, &end) < 1 ||
+        static_cast<std::size_t>(end) != text.size() || minutes > MINUTES_LIMIT || seconds > 59)
+        return "expected MINUTES or MINUTES:SECONDS, 0 to " + std::to_string(MINUTES_LIMIT) + " minutes";
+    options->exec_timeout = std::chrono::minutes(minutes) + std::chrono::seconds(seconds);
+    return {};
+}
+
+void add_login_options(CLI::App* app, engine::Options* options)
+{
+    auto* password = app->add_option("--password-file", options->password_file,
+                                     "File with the console's one password, as a crypt(3) hash");
+    app->add_option("--users", options->users_file,
+                    "File of the console's users, a line name:role:hash each; roles: monitor, operator, admin")
+        ->excludes(password);
+    app->add_option("--enable-password-file", options->enable_password_file,
+                    "File with the password that \"enable\" asks operators for, as a crypt(3) hash");
+    app->add_option("--banner", options->banner_file, "File with the text that every client is shown first");
+    app->add_option("--audit", options->audit,
+                    "File that logins and commands are recorded in (RFC 5424); syslog: the "
+                    "system's log");
+}
+
+void add_limit_options(CLI::App* app, engine::Options* options)
+{
+    options->exec_timeout = std::chrono::minutes(10);
+    app->add_option_function<std::string>(
+           "--exec-timeout", [](const std::string&) {}, "Close idle sessions, MINUTES or MINUTES:SECONDS; 0: never")
+        ->check([options](const std::string& text) { return read_exec_timeout(text, options); })
+        ->default_str("10");
+    app->add_option_function<unsigned>(
+           "--login-grace", [options](unsigned seconds) { options->login_grace = std::chrono::seconds(seconds); },
+           "Seconds that a login may take; 0: for ever")
+        ->check(CLI::Range(0, 3600))
+        ->default_str("60");
+    app->add_option("--max-sessions", options->max_sessions, "Sessions at a time; one is kept for the local socket")
+        ->check(CLI::Range(2, 64))
+        ->capture_default_str();
+    app->add_option("--socket-group", options->socket_group,
+                    "Group that may use the local socket, beside root and the host's own user");
+}
+
+// Until a signal ends the host. SIGHUP reads the files again.
+void serve(const sigset_t& signals)
+{
+    int signal = 0;
+    std::string error;
+    while (sigwait(&signals, &signal) == 0 && signal == SIGHUP)
+        if (!engine::reload(&error)) std::cerr << "epon-host: not reloaded: " << error << '\n';
 }
 
 } // namespace
@@ -76,14 +134,14 @@ int main(int argc, char** argv)
         ->check(CLI::Range(1, 65535))
         ->capture_default_str();
     app.add_option("--listen", options.listen_address,
-                   "Address of the console's TCP port; needs --password-file "
+                   "Address of the console's TCP port; needs --users or --password-file "
                    "unless it is a loopback address")
         ->type_name("ADDRESS")
         ->capture_default_str();
     app.add_option("--socket", options.socket_path, "Local socket of the console; default: /var/run/zebra.vty")
         ->type_name("SOCKET");
-    app.add_option("--password-file", options.password_file, "File with the console's password as a crypt(3) hash")
-        ->type_name("FILE");
+    add_login_options(&app, &options);
+    add_limit_options(&app, &options);
     app.add_option("--sdk-log", sdk_log, "File that the SDK log and every SDK call are appended to; -: stderr")
         ->type_name("FILE");
     app.add_flag("--list-commands", only_list, "Print every command: node, handler and grammar, separated by tabs");
@@ -124,8 +182,7 @@ int main(int argc, char** argv)
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
     std::cout << "epon-host: console on " << engine::served_at() << std::endl;
 
-    int signal;
-    sigwait(&signals, &signal);
+    serve(signals);
     stop_console();
     return 0;
 }

@@ -7,6 +7,7 @@
 
 #include "host/engine/dispatch.h"
 #include "host/engine/engine_commands.h"
+#include "host/engine/login.h"
 #include "host/engine/nodes.h"
 
 namespace engine {
@@ -82,8 +83,7 @@ int list_commands(cmd_element*, vty* session, int, char**)
 
 int enable(cmd_element*, vty* session, int, char**)
 {
-    session->node = ENABLE_NODE;
-    return 0;
+    return enter_enable(*session_of(session));
 }
 
 int disable(cmd_element*, vty* session, int, char**)
@@ -125,7 +125,8 @@ EngineCommand commands[] = {
 
 void install_default_commands(int node)
 {
-    for (std::span<EngineCommand> file : {std::span<EngineCommand>(commands), screen_commands(), session_commands()})
+    for (std::span<EngineCommand> file :
+         {std::span<EngineCommand>(commands), screen_commands(), session_commands(), console_commands()})
         for (EngineCommand& command : file)
             if (command.node == EVERY_NODE || command.node == node) add_element(node, &command.element, Origin::Engine);
 }

@@ -5,8 +5,10 @@
 
 #include <algorithm>
 
+#include "host/engine/accounting.h"
 #include "host/engine/event_loop.h"
 #include "host/engine/nodes.h"
+#include "host/engine/secrets.h"
 
 namespace engine {
 namespace {
@@ -218,9 +220,16 @@ Outcome run_line(Session& session, std::string_view line)
     const NodeRules& rules = rules_of(session.node);
     bool raw = rules.raw_line != nullptr;
     if (!raw && is_remark(line)) return {MatchStatus::Empty};
-    session.editor.remember(trimmed(line));
-    if (raw) return run_raw(session, rules, line);
-    return line.find('|') == std::string_view::npos ? run_command(session, line) : run_filtered(session, line);
+    split_words(line, &session.words);
+    std::string hidden;
+    std::string_view shown = trimmed(without_secrets(session, line, session.words, &hidden));
+    session.editor.remember(shown);
+    Account account(session, shown);
+    Outcome outcome = raw                                        ? run_raw(session, rules, line)
+                      : line.find('|') == std::string_view::npos ? run_command(session, line)
+                                                                 : run_filtered(session, line);
+    account.settle(outcome);
+    return outcome;
 }
 
 void finish_saving(Session& session)

@@ -22,6 +22,7 @@ constexpr cmd_element element(const char* grammar, cmd_handler* handler, const c
 
 std::span<EngineCommand> screen_commands();  // terminal length, terminal width
 std::span<EngineCommand> session_commands(); // who, kill session, show history
+std::span<EngineCommand> console_commands(); // exec-timeout, show console statistics
 
 void print_line(Session& session, std::string_view text);
 

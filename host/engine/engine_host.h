@@ -2,8 +2,10 @@
 // What the engine offers to the host process that loads it, beside the RBX_* interface of the command library.
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <functional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -21,6 +23,17 @@ struct Options {
     std::uint16_t port = 2600;                // bound by prepare; adopted by RBX_vty_serv_sock with the same port
     std::string socket_path;                  // local socket; empty: the path that the library asks for
     std::string password_file;                // one crypt(3) hash on its first line; empty: no login
+    std::string users_file;                   // lines "name:role:hash", see users.cpp; instead of password_file
+    std::string enable_password_file;         // one crypt(3) hash; empty: "enable" asks nothing
+    std::string banner_file;                  // shown to every client first
+    std::string audit;                        // file of the audit record, or "syslog"; empty: none is kept
+    std::string socket_group;                 // group that may use the local socket beside root and the host's user
+
+    unsigned max_sessions = 64;                   // one of them is kept for the local socket
+    std::chrono::milliseconds exec_timeout{0};    // how long an operator may type nothing; 0: for ever
+    std::chrono::milliseconds login_grace{60000}; // how long a login may take; 0: for ever
+    std::chrono::milliseconds login_delay{1000};  // a source's first wrong password waits that long, the next doubly
+
     // false: prepare binds nothing, RBX_vty_serv_sock opens nothing and RBX_thread_fetch parks; for listing the
     // commands and for tests with memory sessions only.
     bool serve = true;
@@ -29,11 +42,18 @@ struct Options {
     bool starts_closed = false;
 };
 
-// Checks the options, loads the password and binds the TCP port, so that nothing is half-started when one of them is
-// wrong. False with one clear line in *error.
+// Checks the options, loads passwords and banner, opens the audit record and binds the TCP port, so that nothing is
+// half-started when one of them is wrong. False with one clear line in *error.
 bool prepare(const Options& options, std::string* error);
 // The TCP port that is bound: the one that was asked for, or the free one that was found for port 0. 0 when none is.
 std::uint16_t bound_port();
+
+// An argument that nobody may read later: it is replaced in history and audit.
+struct SecretWord {
+    std::string_view word;    // a keyword, in full
+    std::size_t distance = 1; // how many words behind it the secret stands
+};
+void set_secret_words(std::span<const SecretWord> words);
 
 // What the engine must know of a node and the node record does not say.
 struct NodeRules {
@@ -67,6 +87,10 @@ void open_console();
 
 // "127.0.0.1 port 2600 and /var/run/epon.sock", once served; empty before.
 std::string served_at();
+
+// Reads users, passwords and banner again and opens the audit record anew. What cannot be read stays as it was; false
+// then, with one clear line in *error. Sessions of users who are no longer named are closed. Any thread.
+bool reload(std::string* error);
 
 // Asks the console thread to close every session; the console is then served anew. Any thread. Sessions without a
 // connection stay.

@@ -19,6 +19,11 @@ class EventBuffer {
     {
         return complete > 0 || dropped > 0;
     }
+    // Lines dropped since lines were last taken.
+    std::size_t lost() const
+    {
+        return dropped;
+    }
     // Moves the complete lines out, followed by the count of dropped ones, if any.
     std::string take_lines(std::string_view newline);
     // Moves everything out, an unfinished line included.

@@ -3,6 +3,7 @@
 // handed out in the order in which it became ready, so that no session waits behind a busy one for more than its turn.
 #include "host/engine/event_loop.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <condition_variable>
 #include <cstdlib>
@@ -29,13 +30,13 @@ struct thread_master {
     engine::LoopHandlers handlers{};
     std::deque<thread> ready;
     std::vector<engine::Session*> busy; // sessions with more to do in the next turn
+    engine::Clock::time_point deadline = engine::Clock::time_point::max();
     bool serve_anew = false;
 };
 
 namespace engine {
 namespace {
 
-constexpr int DRAIN_CHECK_MS = 500;
 // What an epoll entry stands for, in the upper half of its data; the lower half is a descriptor or a session's index.
 constexpr std::uint64_t LISTENER = 1ULL << 32, CONNECTION = 2ULL << 32, WAKEUP = 3ULL << 32;
 constexpr std::uint64_t LOWER_HALF = 0xffffffff;
@@ -90,6 +91,7 @@ int nothing(thread*)
 // Sessions that other threads printed to; and the server loop, when all sessions are to be closed.
 void take_wakeups(thread_master& loop)
 {
+    if (loop.handlers.woken != nullptr) loop.handlers.woken();
     for (unsigned i = 0; i < SESSION_LIMIT; ++i) {
         Session& session = session_at(i);
         if (session.flush_wanted.load() && session.connected && session.fd >= 0) push_session(loop, session);
@@ -102,24 +104,28 @@ void take_wakeups(thread_master& loop)
     }
 }
 
-bool check_draining(thread_master& loop)
+// Calls the handler when it is time. Milliseconds until the next time; -1 when none is expected.
+int meet_deadline(thread_master& loop)
 {
-    bool any = false;
-    for (unsigned i = 0; i < SESSION_LIMIT; ++i) {
-        Session& session = session_at(i);
-        if (session.phase != Phase::Draining) continue;
-        any = true;
-        if (Clock::now() >= session.drain_end) push_session(loop, session);
+    constexpr Clock::time_point NEVER = Clock::time_point::max();
+    constexpr std::chrono::hours LONGEST{1}; // the timeout is an int
+    if (loop.deadline == NEVER) return -1;
+    Clock::time_point now = Clock::now();
+    if (now >= loop.deadline) {
+        loop.deadline = NEVER;
+        if (loop.handlers.deadlines != nullptr) loop.handlers.deadlines();
+        if (loop.deadline == NEVER) return -1;
     }
-    return any;
+    auto left = std::clamp<Clock::duration>(loop.deadline - now, Clock::duration::zero(), LONGEST);
+    return static_cast<int>(std::chrono::ceil<std::chrono::milliseconds>(left).count());
 }
 
 void collect(thread_master& loop)
 {
     if (loop.wake_pending.exchange(false)) take_wakeups(loop);
-    bool draining = check_draining(loop);
+    int timeout = meet_deadline(loop);
+    if (!loop.busy.empty() || !loop.ready.empty()) timeout = 0;
     epoll_event events[64];
-    int timeout = !loop.busy.empty() || !loop.ready.empty() ? 0 : draining ? DRAIN_CHECK_MS : -1;
     int count = epoll_wait(loop.epoll, events, sizeof events / sizeof events[0], timeout);
     if (count < 0 && errno != EINTR) {
         log_line("event loop: %s", strerror(errno));
@@ -176,11 +182,20 @@ void unwatch(int fd)
     epoll_ctl(master().epoll, EPOLL_CTL_DEL, fd, nullptr);
 }
 
+void expect_deadline(Clock::time_point at)
+{
+    master().deadline = std::min(master().deadline, at);
+}
+
 void watch_session(Session& session)
 {
     bool reads = session.phase == Phase::Open && !session.in_ended && !holds_input(session);
     std::uint32_t events = reads ? EPOLLIN : 0U;
     if (session.waits_to_send) events |= EPOLLOUT;
+    if (session.login.pending && events == 0) {
+        unwatch(session.fd); // the end of a connection would be reported again and again
+        return;
+    }
     watch(session.fd, events, CONNECTION | session.index);
 }
 

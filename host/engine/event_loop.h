@@ -11,6 +11,8 @@ struct LoopHandlers {
     int (*accept)(thread* work);  // a client waits at the listener work->u.fd
     int (*session)(thread* work); // the session work->arg has something to do
     void (*park)();               // the console ends: close everything
+    void (*woken)();              // another thread called wake_loop
+    void (*deadlines)();          // the time given to expect_deadline has come
 };
 void set_loop_handlers(const LoopHandlers& handlers);
 
@@ -20,6 +22,9 @@ void unwatch(int fd);
 void watch_session(Session& session);
 // The session has more to do than one turn allows, or must be looked at in this turn.
 void queue_session(Session& session);
+
+// Calls the deadlines handler then, or earlier.
+void expect_deadline(Clock::time_point at);
 
 // Makes the loop look at the sessions that asked for a flush. Any thread.
 void wake_loop();

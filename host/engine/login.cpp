@@ -1,57 +1,329 @@
 // SPDX-License-Identifier: Apache-2.0
-// Passwords are kept as crypt(3) hashes only.
 #include "host/engine/login.h"
 
-#include <cerrno>
-#include <cstring>
-#include <fstream>
-#include <memory>
+#include <algorithm>
+#include <array>
+#include <condition_variable>
+#include <utility>
+#include <vector>
 
-#include <crypt.h>
+#include "host/engine/audit.h"
+#include "host/engine/event_loop.h"
+#include "host/engine/log.h"
+#include "host/engine/nodes.h"
+#include "host/engine/password_hash.h"
+#include "host/engine/statistics.h"
+#include "host/engine/terminal.h"
 
 namespace engine {
 namespace {
 
-// The hash of a password with the salt and method of another hash; empty when the method is not known here.
-std::string hash_like(const std::string& hash, const std::string& password)
+constexpr const char* NAME_PROMPT = "Username: ";
+// Sources whose failures are remembered, and for how long.
+constexpr std::size_t SOURCES = 256;
+constexpr std::chrono::minutes SOURCE_MEMORY{10};
+
+// --- The thread that checks ---------------------------------------------------------------------------------------
+
+struct Question {
+    unsigned index;
+    std::uint64_t serial; // of the session, which may be another operator's when the answer comes
+    std::string hash, password;
+    bool is_known; // false: hashed for the effort only
+};
+
+struct Answer {
+    unsigned index;
+    std::uint64_t serial;
+    bool right;
+};
+
+struct Checker {
+    std::mutex lock;
+    std::condition_variable changed;
+    std::deque<Question> questions; // under lock; at most one for each session
+    std::vector<Answer> answers;    // under lock
+    bool started = false;           // under lock
+    std::shared_ptr<const Credentials> credentials = std::make_shared<Credentials>(); // under lock
+};
+
+Checker& checker()
 {
-    auto data = std::make_unique<crypt_data>();
-    const char* result = crypt_r(password.c_str(), hash.c_str(), data.get());
-    std::string text = result == nullptr || result[0] == '*' ? "" : result;
-    explicit_bzero(data.get(), sizeof *data);
-    return text;
+    static Checker& the = *new Checker;
+    return the;
+}
+
+[[noreturn]] void check_forever()
+{
+    Checker& at = checker();
+    std::unique_lock guard(at.lock);
+    for (;;) {
+        at.changed.wait(guard, [&] { return !at.questions.empty(); });
+        Question question = std::move(at.questions.front());
+        at.questions.pop_front();
+        guard.unlock();
+        bool right = password_matches(question.hash, question.password) && question.is_known;
+        wipe(&question.password);
+        guard.lock();
+        at.answers.push_back({question.index, question.serial, right});
+        wake_loop();
+    }
+}
+
+void ask(Question question)
+{
+    Checker& at = checker();
+    std::lock_guard guard(at.lock);
+    if (!std::exchange(at.started, true)) std::thread(check_forever).detach();
+    at.questions.push_back(std::move(question));
+    at.changed.notify_one();
+}
+
+// --- Sources that were wrong --------------------------------------------------------------------------------------
+
+struct Source {
+    std::string name;
+    unsigned failures = 0;
+    Clock::time_point last;
+};
+std::chrono::milliseconds first_delay{1000};
+
+// The record of a source, or the one that is forgotten for it. Console thread.
+Source& source_of(const std::string& name)
+{
+    static auto& sources = *new std::array<Source, SOURCES>;
+    auto found = std::find_if(sources.begin(), sources.end(), [&](const Source& one) { return one.name == name; });
+    if (found == sources.end()) {
+        found = std::min_element(sources.begin(), sources.end(),
+                                 [](const Source& a, const Source& b) { return a.last < b.last; });
+        *found = {name, 0, {}};
+    }
+    if (Clock::now() - found->last > SOURCE_MEMORY) found->failures = 0;
+    return *found;
+}
+
+std::chrono::milliseconds delay_after_failure(const std::string& name)
+{
+    Source& source = source_of(name);
+    source.last = Clock::now();
+    ++source.failures;
+    constexpr unsigned DOUBLINGS = 5;
+    return std::min<std::chrono::milliseconds>(first_delay * (1U << std::min(source.failures - 1, DOUBLINGS)),
+                                               LOGIN_DELAY_LIMIT);
+}
+
+void forget_failures(const std::string& name)
+{
+    source_of(name).failures = 0;
+}
+
+// --- Answers ------------------------------------------------------------------------------------------------------
+
+void report_login(const Session& session, Severity severity, const char* event)
+{
+    // Who mistakes the first question for the second types a password as a name: unknown names are not written down.
+    bool known = credentials()->find(session.login.name) != nullptr;
+    std::string_view user = !session.user.empty()        ? std::string_view(session.user)
+                            : session.login.name.empty() ? "-"
+                            : known                      ? std::string_view(session.login.name)
+                                                         : "unknown";
+    audit(severity, event, {{"session", std::to_string(session.index)}, {"user", user}, {"from", session.from}});
+}
+
+void let_in(Session& session)
+{
+    auto known = credentials();
+    if (const User* user = known->find(session.login.name)) {
+        session.user = user->name;
+        session.role = user->role;
+    }
+    session.node = VIEW_NODE;
+    session.login.failures = 0;
+    count(counters().logins);
+    forget_failures(session.source);
+    report_login(session, Severity::Notice, "LOGIN");
+}
+
+void let_enable(Session& session)
+{
+    session.node = ENABLE_NODE;
+    session.login.failures = 0;
+    forget_failures(session.source);
+    report_login(session, Severity::Notice, "ENABLE");
+}
+
+void refuse_login(Session& session)
+{
+    bool last = ++session.login.failures >= LOGIN_TRIES;
+    const char* what = credentials()->users.empty() ? "password" : "name or password";
+    if (last)
+        print(session, "%% Bad %s, too many tries.%s", what, newline(session));
+    else
+        print(session, "%% Bad %s.%s", what, newline(session));
+    count(counters().login_failures);
+    report_login(session, Severity::Warning, "LOGIN_FAILED");
+    session.login.asks_name = !credentials()->users.empty();
+    if (!last) return;
+    log_line("session %u (%s): %d bad passwords", session.index, session.from.c_str(), LOGIN_TRIES);
+    session.closing = true;
+    session.end_reason = "too many bad passwords";
+}
+
+void refuse_enable(Session& session)
+{
+    bool last = ++session.login.failures >= LOGIN_TRIES;
+    if (last)
+        print(session, "%% Bad password, too many tries.%s", newline(session));
+    else
+        print(session, "%% Bad password.%s", newline(session));
+    count(counters().enable_failures);
+    report_login(session, Severity::Warning, "ENABLE_FAILED");
+    if (!last) return;
+    session.node = VIEW_NODE;
+    session.login.failures = 0;
+}
+
+void take_name(Session& session)
+{
+    LineEditor& editor = session.editor;
+    if (editor.line().empty()) return;
+    session.login.name = editor.too_long() || editor.refused() ? "?" : editor.line();
+    session.login.asks_name = false;
+}
+
+// Everyone is made to wait for the same work, whatever was typed.
+void take_password(Session& session)
+{
+    LineEditor& editor = session.editor;
+    auto known = credentials();
+    Question question{session.index, session.serial, known->nobody_hash, {}, false};
+    if (!editor.too_long() && !editor.refused()) question.password = editor.line();
+    const User* user = known->find(session.login.name);
+    if (session.node == AUTH_ENABLE_NODE)
+        question.hash = known->enable_hash;
+    else if (known->users.empty())
+        question.hash = known->password_hash;
+    else if (user != nullptr)
+        question.hash = user->hash;
+    question.is_known = (session.node == AUTH_ENABLE_NODE || known->users.empty() || user != nullptr) &&
+                        !editor.too_long() && !editor.refused();
+    session.login.pending = true;
+    session.login.answered = false;
+    watch_session(session);
+    ask(std::move(question));
 }
 
 } // namespace
 
-bool load_password(const std::string& path, std::string* hash, std::string* error)
+void set_credentials(std::shared_ptr<const Credentials> credentials)
 {
-    std::ifstream file(path);
-    std::string line;
-    if (!file) {
-        *error = "password file " + path + ": " + strerror(errno);
-        return false;
+    std::lock_guard guard(checker().lock);
+    checker().credentials = std::move(credentials);
+}
+
+std::shared_ptr<const Credentials> credentials()
+{
+    std::lock_guard guard(checker().lock);
+    return checker().credentials;
+}
+
+void set_login_delay(std::chrono::milliseconds first)
+{
+    first_delay = first;
+}
+
+bool asks_login(const Session& session)
+{
+    return session.node == AUTH_NODE || session.node == AUTH_ENABLE_NODE;
+}
+
+bool asks_password(const Session& session)
+{
+    return session.node == AUTH_ENABLE_NODE || (session.node == AUTH_NODE && !session.login.asks_name);
+}
+
+std::string login_prompt(const Session& session)
+{
+    return session.node == AUTH_NODE && session.login.asks_name ? NAME_PROMPT : prompt(&session);
+}
+
+void begin_login(Session& session)
+{
+    auto known = credentials();
+    if (session.local || !known->asks_at_login()) return;
+    session.node = AUTH_NODE;
+    session.login.asks_name = !known->users.empty();
+}
+
+void take_login_line(Session& session)
+{
+    if (session.node == AUTH_NODE && session.login.asks_name)
+        take_name(session);
+    else
+        take_password(session);
+}
+
+void cancel_login(Session& session)
+{
+    session.login.asks_name = !credentials()->users.empty();
+    if (session.node == AUTH_ENABLE_NODE) session.node = VIEW_NODE;
+}
+
+void take_login_results()
+{
+    std::vector<Answer> answers;
+    {
+        std::lock_guard guard(checker().lock);
+        answers.swap(checker().answers);
     }
-    getline(file, line);
-    while (!line.empty() && (line.back() == '\r' || line.back() == ' ' || line.back() == '\t'))
-        line.pop_back();
-    // Hashing anything shows whether the method is known and the hash is whole.
-    if (line.empty() || hash_like(line, "").size() != line.size()) {
-        *error = "password file " + path + ": its first line is no crypt(3) hash (make one with mkpasswd)";
-        return false;
+    for (const Answer& answer : answers) {
+        Session& session = session_at(answer.index);
+        if (session.serial != answer.serial || session.phase != Phase::Open || !session.login.pending) continue;
+        session.login.answered = true;
+        session.login.right = answer.right;
+        session.login.answer_at = Clock::now();
+        if (!answer.right) session.login.answer_at += delay_after_failure(session.source);
+        expect_deadline(session.login.answer_at);
     }
-    *hash = line;
+}
+
+bool finish_login(Session& session)
+{
+    LoginState& login = session.login;
+    if (!login.answered || Clock::now() < login.answer_at) return false;
+    login.pending = login.answered = false;
+    bool enables = session.node == AUTH_ENABLE_NODE;
+    if (login.right)
+        enables ? let_enable(session) : let_in(session);
+    else
+        enables ? refuse_enable(session) : refuse_login(session);
     return true;
 }
 
-bool password_matches(const std::string& hash, const std::string& password)
+int enter_enable(Session& session)
 {
-    std::string typed = hash_like(hash, password);
-    if (typed.empty() || typed.size() != hash.size()) return false;
-    unsigned difference = 0; // every byte is looked at, so that the time taken tells nothing
-    for (std::size_t i = 0; i < hash.size(); ++i)
-        difference |= static_cast<unsigned char>(hash[i]) ^ static_cast<unsigned char>(typed[i]);
-    return difference == 0;
+    if (session.role == Role::Monitor) {
+        print(session, "%% User %s may not enable.%s", session.user.c_str(), newline(session));
+        return -1;
+    }
+    bool asks = session.role == Role::Operator && !credentials()->enable_hash.empty();
+    session.node = asks ? AUTH_ENABLE_NODE : ENABLE_NODE;
+    session.login.failures = 0;
+    return 0;
+}
+
+void follow_credentials()
+{
+    auto known = credentials();
+    if (known->users.empty()) return;
+    for (unsigned i = 0; i < SESSION_LIMIT; ++i) {
+        Session& session = session_at(i);
+        if (!session.connected || session.phase != Phase::Open || session.local || session.node == AUTH_NODE) continue;
+        if (const User* user = known->find(session.user))
+            session.role = user->role;
+        else
+            close_connection(session, "% You are no longer a user of this console.");
+    }
 }
 
 } // namespace engine

@@ -1,36 +1,43 @@
 // SPDX-License-Identifier: Apache-2.0
 // Where the console is served: a TCP port and a local socket for the host's own users.
+#include <atomic>
 #include <cctype>
 #include <cerrno>
 #include <condition_variable>
 #include <cstring>
+#include <fstream>
 #include <mutex>
+#include <utility>
 
 #include <fcntl.h>
-#include <netdb.h>
+#include <grp.h>
 #include <netinet/in.h>
 #include <netinet/tcp.h>
 #include <sys/socket.h>
-#include <sys/stat.h>
-#include <sys/un.h>
 #include <unistd.h>
 
+#include "host/engine/audit.h"
 #include "host/engine/event_loop.h"
+#include "host/engine/limits.h"
+#include "host/engine/listen.h"
 #include "host/engine/log.h"
 #include "host/engine/login.h"
 #include "host/engine/nodes.h"
+#include "host/engine/statistics.h"
 #include "host/engine/terminal.h"
 
 namespace engine {
 namespace {
 
-constexpr int BACKLOG = 64;
 constexpr int ACCEPTS_PER_TURN = 16;
 constexpr const char* USUAL_ADDRESS = "127.0.0.1";
+// While there is no descriptor left at all, not even to turn a client away, so long nobody is accepted.
+constexpr std::chrono::milliseconds ACCEPT_PAUSE{100};
+constexpr std::size_t BANNER_LIMIT = 4096;
 
 struct Server {
     Options options;
-    std::string password_hash;
+    std::shared_ptr<const Credentials> known; // as prepare found them
 
     int tcp = -1;
     std::string tcp_address;     // as it was asked for
@@ -38,10 +45,15 @@ struct Server {
     std::uint16_t tcp_bound = 0; // as it is
     int local = -1;
     std::string local_path;
-    dev_t local_device = 0; // the socket file that is ours to remove
-    ino_t local_inode = 0;
-    std::string complaint; // the last one, so that it is not repeated
-    int spare = -1;        // given up for a moment when descriptors run out, to turn clients away
+    SocketFile local_file;     // ours to remove
+    std::string complaint;     // the last one, so that it is not repeated
+    bool is_exhausted = false; // out of descriptors, and said so
+    bool has_group = false;
+    gid_t group = 0;            // may use the local socket, when the options name one
+    bool accepts_later = false; // the listeners are looked at again at accept_at
+    Clock::time_point accept_at;
+    std::atomic<bool> reloaded{false};
+    int spare = -1; // given up for a moment when descriptors run out, to turn clients away
 
     std::mutex lock;
     std::string served_at; // under lock
@@ -53,91 +65,6 @@ Server& server()
 {
     static Server& the = *new Server;
     return the;
-}
-
-// Binds and listens. -1 with a text when that fails.
-int listen_tcp(const std::string& address, std::uint16_t port, std::uint16_t* bound, std::string* error)
-{
-    std::string where = address + " port " + std::to_string(port);
-    addrinfo hints{};
-    hints.ai_flags = AI_NUMERICHOST | AI_NUMERICSERV | AI_PASSIVE;
-    hints.ai_socktype = SOCK_STREAM;
-    addrinfo* found = nullptr;
-    int result = getaddrinfo(address.c_str(), std::to_string(port).c_str(), &hints, &found);
-    if (result != 0) {
-        *error = "cannot listen on " + where + ": " + gai_strerror(result) + " (a numeric address is expected)";
-        return -1;
-    }
-    int fd = socket(found->ai_family, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0);
-    int on = 1;
-    bool listens = fd >= 0 && setsockopt(fd, SOL_SOCKET, SO_REUSEADDR, &on, sizeof on) == 0 &&
-                   bind(fd, found->ai_addr, found->ai_addrlen) == 0 && listen(fd, BACKLOG) == 0;
-    int reason = errno;
-    freeaddrinfo(found);
-    if (!listens) {
-        if (fd >= 0) close(fd);
-        *error = "cannot listen on " + where + ": " + strerror(reason);
-        return -1;
-    }
-    sockaddr_storage own{};
-    socklen_t size = sizeof own;
-    getsockname(fd, reinterpret_cast<sockaddr*>(&own), &size);
-    *bound = ntohs(own.ss_family == AF_INET6 ? reinterpret_cast<sockaddr_in6&>(own).sin6_port
-                                             : reinterpret_cast<sockaddr_in&>(own).sin_port);
-    return fd;
-}
-
-// A socket file that nobody listens at any more is removed; anything else stays, with the reason in *error.
-bool make_room(const std::string& path, const sockaddr_un& address, std::string* error)
-{
-    struct stat status {};
-    if (lstat(path.c_str(), &status) != 0) {
-        if (errno == ENOENT) return true;
-        *error = strerror(errno);
-        return false;
-    }
-    if (!S_ISSOCK(status.st_mode)) {
-        *error = "a file of that name is in the way";
-        return false;
-    }
-    int probe = socket(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0);
-    int result = probe < 0 ? -1 : connect(probe, reinterpret_cast<const sockaddr*>(&address), sizeof address);
-    int reason = errno;
-    if (probe >= 0) close(probe);
-    if (result == 0 || reason == EAGAIN) {
-        *error = "another process serves it";
-        return false;
-    }
-    if (reason != ECONNREFUSED || unlink(path.c_str()) != 0) {
-        *error = strerror(reason != ECONNREFUSED ? reason : errno);
-        return false;
-    }
-    return true;
-}
-
-int listen_local(const std::string& path, std::string* error)
-{
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    std::string reason;
-    int fd = -1;
-    if (path.size() >= sizeof address.sun_path) {
-        reason = "the path is too long";
-    } else {
-        memcpy(address.sun_path, path.c_str(), path.size() + 1);
-        if (make_room(path, address, &reason)) {
-            fd = socket(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0);
-            // The file gets the rights of the unbound socket: its owner's only, from the first moment.
-            if (fd < 0 || fchmod(fd, S_IRUSR | S_IWUSR) != 0 ||
-                bind(fd, reinterpret_cast<sockaddr*>(&address), sizeof address) != 0 || listen(fd, BACKLOG) != 0) {
-                reason = strerror(errno);
-                if (fd >= 0) close(fd);
-                fd = -1;
-            }
-        }
-    }
-    if (fd < 0) *error = "cannot serve the local socket " + path + ": " + reason;
-    return fd;
 }
 
 void close_tcp(Server& at)
@@ -154,10 +81,13 @@ void close_local(Server& at)
     unwatch(at.local);
     close(at.local);
     at.local = -1;
-    struct stat status {};
-    if (lstat(at.local_path.c_str(), &status) == 0 && status.st_dev == at.local_device &&
-        status.st_ino == at.local_inode)
-        unlink(at.local_path.c_str());
+    SocketFile now = socket_file(at.local_path);
+    if (now.device == at.local_file.device && now.inode == at.local_file.inode) unlink(at.local_path.c_str());
+}
+
+const gid_t* socket_group(const Server& at)
+{
+    return at.has_group ? &at.group : nullptr;
 }
 
 void complain(Server& at, const std::string& text)
@@ -186,49 +116,64 @@ void serve_local(Server& at, const std::string& path)
     if (path.empty() || (at.local >= 0 && path == at.local_path)) return;
     close_local(at);
     std::string error;
-    at.local = listen_local(path, &error);
+    at.local = listen_local(path, socket_group(at), &error);
     at.local_path = path;
     if (at.local < 0) {
         complain(at, error);
         return;
     }
-    struct stat status {};
-    if (lstat(path.c_str(), &status) == 0) {
-        at.local_device = status.st_dev;
-        at.local_inode = status.st_ino;
-    }
+    at.local_file = socket_file(path);
     watch_listener(at.local);
 }
 
-std::string peer_name(int fd, bool local)
+void pause_accepting(Server& at)
 {
-    if (local) {
-        ucred peer{};
-        socklen_t size = sizeof peer;
-        if (getsockopt(fd, SOL_SOCKET, SO_PEERCRED, &peer, &size) != 0) return "local";
-        return "local, user " + std::to_string(peer.uid) + ", process " + std::to_string(peer.pid);
-    }
-    sockaddr_storage peer{};
-    socklen_t size = sizeof peer;
-    char host[NI_MAXHOST], port[NI_MAXSERV];
-    if (getpeername(fd, reinterpret_cast<sockaddr*>(&peer), &size) != 0 ||
-        getnameinfo(reinterpret_cast<sockaddr*>(&peer), size, host, sizeof host, port, sizeof port,
-                    NI_NUMERICHOST | NI_NUMERICSERV) != 0)
-        return "gone";
-    return std::string(host) + " port " + port;
+    for (int listener : {at.tcp, at.local})
+        if (listener >= 0) unwatch(listener);
+    at.accepts_later = true;
+    at.accept_at = Clock::now() + ACCEPT_PAUSE;
+    expect_deadline(at.accept_at);
 }
 
 int accept_one(Server& at, int listener)
 {
     int fd = accept4(listener, nullptr, nullptr, SOCK_NONBLOCK | SOCK_CLOEXEC);
-    if (fd >= 0 || (errno != EMFILE && errno != ENFILE)) return fd;
+    if (fd >= 0) at.is_exhausted = false;
+    if (fd >= 0 || (errno != EMFILE && errno != ENFILE && errno != ENOBUFS && errno != ENOMEM)) return fd;
     // Without a descriptor the client cannot even be turned away, and would be reported for ever.
-    complain(at, "out of descriptors: a client was turned away");
+    if (!std::exchange(at.is_exhausted, true)) log_line("out of descriptors: a client was turned away");
     if (at.spare >= 0) close(at.spare);
     fd = accept4(listener, nullptr, nullptr, SOCK_NONBLOCK | SOCK_CLOEXEC);
     if (fd >= 0) close(fd);
     at.spare = open("/dev/null", O_RDONLY | O_CLOEXEC);
+    if (fd >= 0) {
+        count(counters().sessions_refused);
+        audit(Severity::Warning, "REFUSED", {{"reason", "out of descriptors"}});
+    } else {
+        pause_accepting(at);
+    }
     return -1;
+}
+
+void turn_on(int fd, int level, int option)
+{
+    int on = 1;
+    setsockopt(fd, level, option, &on, sizeof on);
+}
+
+void greet(const Server& at, int fd, bool local)
+{
+    Peer peer = local ? local_peer(fd) : tcp_peer(fd);
+    if (local && !local_peer_may_enter(fd, socket_group(at), &peer)) {
+        refuse_connection(fd, peer, "Not allowed here.");
+        return;
+    }
+    if (!local) {
+        turn_on(fd, IPPROTO_TCP, TCP_NODELAY);
+        turn_on(fd, SOL_SOCKET, SO_KEEPALIVE);
+        turn_on(fd, SOL_SOCKET, SO_OOBINLINE); // urgent bytes keep their place among the others
+    }
+    open_connection(fd, peer);
 }
 
 int accept_clients(thread* work)
@@ -240,14 +185,27 @@ int accept_clients(thread* work)
     for (int i = 0; i < ACCEPTS_PER_TURN; ++i) {
         int fd = accept_one(at, listener);
         if (fd < 0) break;
-        int on = 1;
-        if (!local) {
-            setsockopt(fd, IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
-            setsockopt(fd, SOL_SOCKET, SO_KEEPALIVE, &on, sizeof on);
-        }
-        open_connection(fd, local, peer_name(fd, local));
+        greet(at, fd, local);
     }
     return 0;
+}
+
+void meet_deadlines()
+{
+    Server& at = server();
+    if (at.accepts_later && Clock::now() >= at.accept_at) {
+        at.accepts_later = false;
+        for (int listener : {at.tcp, at.local})
+            if (listener >= 0) watch_listener(listener);
+    }
+    if (at.accepts_later) expect_deadline(at.accept_at);
+    check_deadlines();
+}
+
+void take_results()
+{
+    take_login_results();
+    if (server().reloaded.exchange(false)) follow_credentials();
 }
 
 void close_sessions()
@@ -273,22 +231,54 @@ void close_everything()
         if (session_at(i).phase == Phase::Draining) drop_connection(session_at(i));
 }
 
+bool check_host_name(const std::string& name, std::string* error)
+{
+    if (name.empty()) *error = "the host's name is empty";
+    for (char c : name)
+        if (iscntrl(static_cast<unsigned char>(c)) != 0) *error = "the host's name holds a control character";
+    return error->empty();
+}
+
+bool load_banner(const std::string& path, std::string* text, std::string* error)
+{
+    if (path.empty()) return true;
+    std::ifstream file(path, std::ios::binary);
+    char c;
+    while (error->empty() && file.get(c)) {
+        if (c == '\r') continue;
+        if (c == '\n') *text += '\r';
+        if (c != '\n' && c != '\t' && iscntrl(static_cast<unsigned char>(c)) != 0) *error = "it holds a control byte";
+        *text += c;
+        if (text->size() > BANNER_LIMIT) *error = "it is longer than " + std::to_string(BANNER_LIMIT) + " bytes";
+    }
+    if (error->empty() && !file.eof()) *error = strerror(errno);
+    if (!error->empty()) *error = "banner file " + path + ": " + *error;
+    if (!text->empty() && text->back() != '\n') *text += "\r\n";
+    return error->empty();
+}
+
+bool find_group(const std::string& name, Server* at, std::string* error)
+{
+    at->has_group = !name.empty();
+    if (name.empty()) return true;
+    const group* found = getgrnam(name.c_str());
+    if (found == nullptr) *error = "there is no group " + name;
+    at->group = found != nullptr ? found->gr_gid : 0;
+    return found != nullptr;
+}
+
 } // namespace
 
 bool prepare(const Options& options, std::string* error)
 {
     Server& at = server();
-    if (options.host_name.empty()) {
-        *error = "the host's name is empty";
+    error->clear();
+    std::string banner;
+    if (!check_host_name(options.host_name, error) || !find_group(options.socket_group, &at, error) ||
+        !load_banner(options.banner_file, &banner, error))
         return false;
-    }
-    for (char c : options.host_name)
-        if (iscntrl(static_cast<unsigned char>(c)) != 0) {
-            *error = "the host's name holds a control character";
-            return false;
-        }
-    std::string hash;
-    if (!options.password_file.empty() && !load_password(options.password_file, &hash, error)) return false;
+    auto known = load_credentials(options, error);
+    if (known == nullptr || !open_audit(options.audit, error)) return false;
     std::uint16_t bound = 0;
     int fd = options.serve ? listen_tcp(options.listen_address, options.port, &bound, error) : -1;
     if (options.serve && fd < 0) return false;
@@ -298,7 +288,10 @@ bool prepare(const Options& options, std::string* error)
     at.tcp_port = options.port;
     at.tcp_bound = bound;
     at.options = options;
-    at.password_hash = hash;
+    at.known = known;
+    set_login_delay(options.login_delay);
+    set_limits(options);
+    set_banner(banner);
     set_host_name(options.host_name);
     if (!options.serve) park_at_once();
     return true;
@@ -320,6 +313,23 @@ void open_console()
     at.opened.notify_all();
 }
 
+bool reload(std::string* error)
+{
+    Server& at = server();
+    error->clear();
+    reopen_audit();
+    std::string banner;
+    auto known = load_credentials(at.options, error);
+    bool good = known != nullptr && load_banner(at.options.banner_file, &banner, error);
+    audit(good ? Severity::Notice : Severity::Warning, "RELOAD", {{"status", good ? "done" : *error}});
+    if (!good) return false;
+    set_credentials(known);
+    set_banner(banner);
+    at.reloaded = true;
+    wake_loop();
+    return true;
+}
+
 std::string served_at()
 {
     Server& at = server();
@@ -331,7 +341,7 @@ std::string served_at()
 
 void RBX_vty_config_password(void)
 {
-    engine::set_password_hash(engine::server().password_hash);
+    if (engine::server().known != nullptr) engine::set_credentials(engine::server().known);
 }
 
 void RBX_vty_serv_sock(const char* addr, unsigned short port, const char* path)
@@ -342,7 +352,8 @@ void RBX_vty_serv_sock(const char* addr, unsigned short port, const char* path)
         std::unique_lock guard(at.lock);
         at.opened.wait(guard, [&] { return at.is_open; });
     }
-    engine::set_loop_handlers({engine::accept_clients, engine::serve_session, engine::close_everything});
+    engine::set_loop_handlers({engine::accept_clients, engine::serve_session, engine::close_everything,
+                               engine::take_results, engine::meet_deadlines});
     if (at.spare < 0) at.spare = open("/dev/null", O_RDONLY | O_CLOEXEC);
     std::string address = addr != nullptr ? addr : at.options.listen_address;
     std::string local = !at.options.socket_path.empty() ? at.options.socket_path : path != nullptr ? path : "";

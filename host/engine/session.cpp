@@ -2,6 +2,7 @@
 // The pool of sessions, their output, and sessions without a connection.
 #include "host/engine/session.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdarg>
@@ -14,6 +15,7 @@
 #include "host/engine/event_loop.h"
 #include "host/engine/log.h"
 #include "host/engine/nodes.h"
+#include "host/engine/statistics.h"
 
 namespace engine {
 namespace {
@@ -125,7 +127,10 @@ Session* take_session(int type)
     session->may_ask_machine = session->after_cr = false;
     session->local = session->at_prompt = session->line_open = session->closing = session->cut_off = false;
     session->connected = false;
-    session->login_failures = 0;
+    static std::atomic<std::uint64_t> serials{0};
+    session->serial = ++serials;
+    session->role = Role::Admin;
+    session->login = LoginState{};
     session->editor.reset();
     session->pager.begin(0, 0);
     session->length_set.reset();
@@ -160,7 +165,8 @@ void free_session(Session& session)
 {
     session.telnet.reset();
     session.machine.reset();
-    for (std::string* text : {&session.in, &session.out, &session.from})
+    for (std::string* text :
+         {&session.in, &session.out, &session.from, &session.source, &session.user, &session.end_reason})
         std::string().swap(*text);
     session.in_at = session.out_sent = 0;
     session.editor.reset();
@@ -213,6 +219,7 @@ void send_output(Session& session)
         ssize_t sent = send(session.fd, session.out.data() + session.out_sent, unsent(session), MSG_NOSIGNAL);
         if (sent >= 0) {
             session.out_sent += static_cast<std::size_t>(sent);
+            count(counters().bytes_sent, static_cast<std::uint64_t>(sent));
         } else if (errno == EAGAIN || errno == EWOULDBLOCK) {
             break;
         } else if (errno != EINTR) {
@@ -238,6 +245,8 @@ void cut_off(Session& session, const char* reason)
 {
     if (session.cut_off) return;
     session.cut_off = true;
+    session.end_reason = reason != nullptr ? reason : "the connection broke";
+    if (reason != nullptr) count(counters().cut_off);
     if (reason != nullptr) log_line("session %u (%s) cut off: %s", session.index, session.from.c_str(), reason);
     std::string().swap(session.out);
     session.out_sent = 0;
@@ -247,7 +256,9 @@ std::string take_event_lines(Session& session)
 {
     if (!session.has_events.load(std::memory_order_relaxed)) return {};
     std::lock_guard guard(session.lock);
+    count(counters().event_lines_dropped, session.events.lost());
     std::string lines = session.events.take_lines(newline(session));
+    count(counters().event_lines_printed, static_cast<std::uint64_t>(std::count(lines.begin(), lines.end(), '\n')));
     session.has_events.store(session.events.has_lines(), std::memory_order_relaxed);
     return lines;
 }

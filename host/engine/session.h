@@ -25,6 +25,7 @@
 #include "host/engine/pager.h"
 #include "host/engine/save_file.h"
 #include "host/engine/telnet.h"
+#include "host/engine/users.h"
 
 namespace engine {
 
@@ -45,6 +46,17 @@ enum class Phase {
     Closed,   // closed, and kept for whoever opened it (sessions without a connection)
 };
 
+// Where a session stands with its login, or with the password of "enable".
+struct LoginState {
+    bool asks_name = false; // else the password
+    bool pending = false;   // an answer is looked for or held back: nothing that was typed is looked at
+    bool answered = false;  // it is known, and given at answer_at
+    bool right = false;
+    int failures = 0; // in a row
+    Clock::time_point answer_at;
+    std::string name; // as it was typed
+};
+
 struct Session : vty {
     // Shared.
     std::mutex lock;
@@ -58,7 +70,13 @@ struct Session : vty {
 
     // Console thread.
     unsigned index = 0;
-    std::string from; // the client, as "who" shows it
+    std::uint64_t serial = 0; // tells this session from an earlier one of the same record
+    std::string from;         // the client, as "who" shows it
+    std::string source;       // where it comes from, without what changes from one connection to the next
+    std::string user;         // who logged in; empty when no names are asked for
+    Role role = Role::Admin;
+    LoginState login;
+    std::string end_reason; // why it ends, when that is not the operator's wish
     Clock::time_point opened, last_input, drain_end;
 
     std::unique_ptr<Telnet> telnet;
@@ -86,7 +104,6 @@ struct Session : vty {
     bool line_open = false;               // a line is being typed, even where pages of help cover it
     bool closing = false;                 // to be closed after the line being executed
     bool cut_off = false;                 // nothing can be sent any more
-    int login_failures = 0;
 };
 
 Session* session_of(vty* session);
@@ -95,11 +112,11 @@ inline std::size_t unsent(const Session& session)
     return session.out.size() - session.out_sent;
 }
 
-// Whether what was typed has to wait: for an answer that is being saved, or, from a program in machine mode, until it
-// has read the last answers.
+// Whether what was typed has to wait: for a password that is checked, for an answer that is being saved, or, from a
+// program in machine mode, until it has read the last answers.
 inline bool holds_input(const Session& session)
 {
-    return session.saving != nullptr || (session.machine != nullptr && session.waits_to_send);
+    return session.login.pending || session.saving != nullptr || (session.machine != nullptr && session.waits_to_send);
 }
 // The size of the operator's screen: what was set, or what the client told; 0 when neither.
 std::size_t screen_rows(const Session& session);

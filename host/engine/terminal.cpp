@@ -6,15 +6,19 @@
 #include <array>
 #include <cerrno>
 #include <cstring>
+#include <mutex>
 
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include "host/engine/accounting.h"
+#include "host/engine/audit.h"
 #include "host/engine/dispatch.h"
 #include "host/engine/event_loop.h"
-#include "host/engine/log.h"
+#include "host/engine/limits.h"
 #include "host/engine/login.h"
 #include "host/engine/nodes.h"
+#include "host/engine/statistics.h"
 
 namespace engine {
 namespace {
@@ -24,25 +28,24 @@ constexpr std::size_t RECEIVE_SIZE = 64 * 1024;
 constexpr int LINES_PER_TURN = 256;
 constexpr std::chrono::milliseconds TIME_PER_TURN{20};
 
-std::string& password_hash()
+// What stands in front of the line being typed.
+std::string prompt_of(const Session& session)
 {
-    static std::string& hash = *new std::string;
-    return hash;
+    return asks_login(session) ? login_prompt(session) : prompt(&session);
 }
 
 void show_prompt(Session& session)
 {
-    bool secret = session.node == AUTH_NODE;
     const NodeRules& rules = rules_of(session.node);
     LineEditor::Mode mode;
     mode.echo = session.local ? session.telnet->echo : true;
-    mode.secret = secret;
-    mode.help = rules.raw_line == nullptr || rules.raw_help != nullptr;
+    mode.secret = asks_password(session);
+    mode.help = !asks_login(session) && (rules.raw_line == nullptr || rules.raw_help != nullptr);
     if (session.machine) {
         mode.echo = mode.help = false;
         mode.plain = true;
     }
-    std::string text = prompt(&session);
+    std::string text = prompt_of(session);
     session.editor.begin(columns_of(text), mode);
     if (session.machine)
         send_answer(session, text);
@@ -55,7 +58,7 @@ void show_prompt(Session& session)
 void restore_line(Session& session)
 {
     std::string text;
-    session.editor.redraw(prompt(&session), &text);
+    session.editor.redraw(prompt_of(session), &text);
     append_output(session, text);
 }
 
@@ -76,14 +79,14 @@ void end_answer(Session& session)
 // The answer to a line is complete: events that waited, and a new prompt.
 void finish_answer(Session& session)
 {
-    if (session.node != AUTH_NODE && !session.machine) append_output(session, take_event_lines(session));
+    if (!asks_login(session) && !session.machine) append_output(session, take_event_lines(session));
     if (!session.closing) show_prompt(session);
 }
 
 // Goes on when nothing holds the answer back any more: with the line that asked for help, or with a new prompt.
 void finish_if_complete(Session& session)
 {
-    if (session.pager.waits()) return;
+    if (session.pager.waits() || session.login.pending) return;
     if (session.line_open) {
         session.at_prompt = true;
         if (session.editor.echoes()) restore_line(session); // without echo the rest of the line is dropped
@@ -108,7 +111,7 @@ void show_all_pages(Session& session)
 // Event lines appear above the line that is being typed.
 void show_events(Session& session)
 {
-    if (!session.at_prompt || session.node == AUTH_NODE || unsent(session) > EVENT_HOLD) return;
+    if (!session.at_prompt || asks_login(session) || unsent(session) > EVENT_HOLD) return;
     std::string lines = take_event_lines(session);
     if (lines.empty()) return;
     if (session.machine) {
@@ -122,22 +125,6 @@ void show_events(Session& session)
     restore_line(session);
 }
 
-void check_password(Session& session)
-{
-    std::string typed = session.editor.line();
-    bool right = !session.editor.too_long() && !session.editor.refused() && password_matches(password_hash(), typed);
-    explicit_bzero(typed.data(), typed.size());
-    if (right) {
-        session.node = VIEW_NODE;
-        return;
-    }
-    bool last = ++session.login_failures >= LOGIN_TRIES;
-    print(session, last ? "%% Bad password, too many tries.%s" : "%% Bad password.%s", newline(session));
-    if (!last) return;
-    log_line("session %u (%s): %d bad passwords", session.index, session.from.c_str(), LOGIN_TRIES);
-    session.closing = true;
-}
-
 void finish_line(Session& session)
 {
     LineEditor& editor = session.editor;
@@ -145,12 +132,14 @@ void finish_line(Session& session)
         ++session.machine->requests;
         session.machine->owes_answer = true;
     }
-    if (session.node == AUTH_NODE) {
-        check_password(session);
+    if (asks_login(session)) {
+        take_login_line(session);
     } else if (editor.too_long()) {
         print(session, LINE_TOO_LONG, LINE_LIMIT, newline(session));
+        account_refused(session, "too long");
     } else if (editor.refused()) {
         print(session, LINE_REFUSED, newline(session));
+        account_refused(session, "not text");
     } else {
         std::string line = editor.line();
         begin_answer(session);
@@ -188,6 +177,16 @@ void complete_word(Session& session)
     show_below(session, completion.listing);
 }
 
+void leave(Session& session)
+{
+    if (session.node == AUTH_NODE)
+        session.closing = true;
+    else if (session.node == AUTH_ENABLE_NODE)
+        cancel_login(session);
+    else
+        leave_node(session);
+}
+
 // Acts on what was typed. True when the line is done with and a new prompt is due.
 bool act(Session& session, LineEditor::Action action)
 {
@@ -205,13 +204,11 @@ bool act(Session& session, LineEditor::Action action)
         complete_word(session);
         return false;
     case LineEditor::Action::Interrupt:
+        if (asks_login(session)) cancel_login(session);
         return true;
     case LineEditor::Action::Leave:
         session.at_prompt = false;
-        if (session.node == AUTH_NODE)
-            session.closing = true;
-        else
-            leave_node(session);
+        leave(session);
         return true;
     case LineEditor::Action::Redraw: {
         std::string text;
@@ -282,11 +279,13 @@ void take_telnet(Session& session, std::string_view bytes)
 {
     if (session.machine) { // no telnet any more
         take_typed(session, bytes);
+        session.last_input = Clock::now();
         return;
     }
     Telnet& telnet = *session.telnet;
     bool sound = telnet.receive(bytes);
     take_typed(session, telnet.typed);
+    if (!telnet.typed.empty()) session.last_input = Clock::now();
     telnet.typed.clear();
     session.out += telnet.answer;
     telnet.answer.clear();
@@ -301,7 +300,7 @@ void receive(Session& session)
     static thread_local std::array<char, RECEIVE_SIZE> bytes;
     ssize_t size = recv(session.fd, bytes.data(), bytes.size(), 0);
     if (size > 0) {
-        session.last_input = Clock::now();
+        count(counters().bytes_received, static_cast<std::uint64_t>(size));
         take_telnet(session, {bytes.data(), static_cast<std::size_t>(size)});
     } else if (size == 0) {
         session.in_ended = true;
@@ -338,30 +337,90 @@ void drain(Session& session)
         watch_session(session);
 }
 
+struct Banner {
+    std::mutex lock;
+    std::string text; // under lock
+};
+
+Banner& shared_banner()
+{
+    static Banner& the = *new Banner;
+    return the;
+}
+
+std::string banner()
+{
+    std::lock_guard guard(shared_banner().lock);
+    return shared_banner().text;
+}
+
+std::string_view user_text(const Session& session)
+{
+    return session.user.empty() ? "-" : std::string_view(session.user);
+}
+
+void count_opened()
+{
+    std::uint64_t open = 0;
+    for (unsigned i = 0; i < SESSION_LIMIT; ++i)
+        if (session_at(i).connected && session_at(i).phase == Phase::Open) ++open;
+    count(counters().sessions_opened);
+    if (open > counters().sessions_peak) counters().sessions_peak = open;
+}
+
+void report_end(const Session& session, const char* last_line)
+{
+    std::string reason = session.end_reason;
+    if (reason.empty() && last_line != nullptr) reason = std::string_view(last_line).substr(2);
+    if (reason.empty()) reason = session.closing ? "logout" : "disconnected";
+    auto seconds = std::chrono::duration_cast<std::chrono::seconds>(Clock::now() - session.opened).count();
+    audit(Severity::Informational, "CLOSE",
+          {{"session", std::to_string(session.index)},
+           {"user", user_text(session)},
+           {"from", session.from},
+           {"reason", reason},
+           {"seconds", std::to_string(seconds)}});
+}
+
 } // namespace
 
-void open_connection(int fd, bool local, const std::string& from)
+void refuse_connection(int fd, const Peer& peer, std::string_view why)
 {
-    Session* taken = take_session(VTY_TYPE_TERMINAL);
+    std::string line = "% " + std::string(why) + "\r\n";
+    send(fd, line.data(), line.size(), MSG_NOSIGNAL);
+    close(fd);
+    count(counters().sessions_refused);
+    audit(Severity::Warning, "REFUSED", {{"from", peer.from}, {"reason", why}});
+}
+
+void open_connection(int fd, const Peer& peer)
+{
+    Session* taken = make_room_for(peer.local) ? take_session(VTY_TYPE_TERMINAL) : nullptr;
     if (taken == nullptr) {
-        static constexpr std::string_view refusal = "% Too many sessions.\r\n";
-        send(fd, refusal.data(), refusal.size(), MSG_NOSIGNAL);
-        close(fd);
+        refuse_connection(fd, peer, "Too many sessions.");
         return;
     }
     Session& session = *taken;
     session.fd = fd;
     session.connected = true;
-    session.local = session.may_ask_machine = local;
-    session.from = from;
-    session.telnet = std::make_unique<Telnet>(!local);
-    if (!password_hash().empty()) session.node = AUTH_NODE;
+    session.local = session.may_ask_machine = peer.local;
+    session.from = peer.from;
+    session.source = peer.source;
+    session.user = peer.user;
+    session.role = peer.role;
+    session.telnet = std::make_unique<Telnet>(!peer.local);
+    begin_login(session);
     publish(session);
+    count_opened();
+    audit(Severity::Informational, "OPEN",
+          {{"session", std::to_string(session.index)}, {"user", user_text(session)}, {"from", session.from}});
     take_telnet(session, {});
+    append_output(session, banner());
     print(session, "Console of %s. Type ? for the commands, help for a first tour.%s", host_name().c_str(),
           newline(session));
     show_prompt(session);
     watch_session(session);
+    expect_deadline(deadline_of(session));
     send_output(session);
 }
 
@@ -370,11 +429,13 @@ void close_connection(Session& session, const char* last_line)
     if (session.phase == Phase::Open) {
         session.pager.begin(0, 0);
         if (last_line != nullptr) print(session, "%s%s%s", newline(session), last_line, newline(session));
+        report_end(session, last_line);
         retire(session);
         if (session.machine && !session.cut_off) send_closing(session);
         send_output(session);
         session.phase = Phase::Draining;
         session.drain_end = Clock::now() + DRAIN_TIME;
+        expect_deadline(session.drain_end);
     }
     drain(session);
 }
@@ -398,12 +459,16 @@ int serve_session(thread* work)
     }
     session.flush_wanted.store(false);
     if (session.saving) finish_if_complete(session);
+    if (session.login.pending && finish_login(session)) {
+        watch_session(session);
+        finish_if_complete(session);
+    }
     bool all_taken = session.in_at == session.in.size() || session.may_ask_machine;
     if (all_taken && !session.in_ended && !session.cut_off && !holds_input(session)) receive(session);
     if (session.in_ended && session.pager.waits()) show_all_pages(session); // nobody will press a key
     process_input(session);
     bool input_left = session.in_at < session.in.size() && !session.may_ask_machine;
-    bool ended = session.in_ended && !input_left && !session.saving && !session.pager.waits();
+    bool ended = session.in_ended && !input_left && !session.saving && !session.login.pending && !session.pager.waits();
     if (session.closing || session.cut_off || ended) {
         close_connection(session, nullptr);
         return 0;
@@ -414,9 +479,10 @@ int serve_session(thread* work)
     return 0;
 }
 
-void set_password_hash(const std::string& hash)
+void set_banner(const std::string& text)
 {
-    password_hash() = hash;
+    std::lock_guard guard(shared_banner().lock);
+    shared_banner().text = text;
 }
 
 } // namespace engine

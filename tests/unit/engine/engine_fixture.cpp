@@ -172,19 +172,24 @@ void print_event(std::string_view line)
 
 // --- The server ---------------------------------------------------------------------------------------------------
 
-ConsoleServer::ConsoleServer(const std::string& password_file,
-                             const std::function<void(const std::string& path)>& before)
+engine::Options with_password(const std::string& file)
+{
+    engine::Options options;
+    options.password_file = file;
+    options.login_delay = std::chrono::milliseconds(10);
+    return options;
+}
+
+ConsoleServer::ConsoleServer(engine::Options options, const std::function<void(const std::string& path)>& before)
 {
     install_test_nodes();
     char name[] = "/tmp/epon-engine-test-XXXXXX";
     folder = mkdtemp(name);
     local_path = folder + "/console.sock";
     if (before) before(local_path);
-    engine::Options options;
     options.host_name = "LAB";
     options.port = 0;
     options.socket_path = local_path;
-    options.password_file = password_file;
     std::string error;
     EXPECT_TRUE(engine::prepare(options, &error)) << error;
     tcp_port = engine::bound_port();

@@ -25,11 +25,15 @@ __attribute__((format(printf, 2, 3))) int print_to(vty* session, const char* for
 // Prints an event line to every session that asked for events, as an SDK thread does.
 void print_event(std::string_view line);
 
+// Options with the console's one password, whose hash is in the file; a wrong one hardly has to wait.
+engine::Options with_password(const std::string& file);
+
 // Runs the server loop in a thread, as the command library does.
 class ConsoleServer {
   public:
-    // before is called with the path of the local socket, before it is served.
-    explicit ConsoleServer(const std::string& password_file = "",
+    // Options of its own replace name, port and socket. before is called with the path of the local socket, before it
+    // is served.
+    explicit ConsoleServer(engine::Options options = {},
                            const std::function<void(const std::string& path)>& before = {});
     ~ConsoleServer();
     std::uint16_t port() const

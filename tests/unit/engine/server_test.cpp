@@ -239,7 +239,7 @@ TEST_F(ServerTest, CutsOffAClientThatDoesNotRead)
 TEST_F(ServerTest, TurnsClientsAwayWhenFull)
 {
     std::vector<std::unique_ptr<Client>> clients;
-    for (int i = 0; i < 64; ++i) {
+    for (int i = 0; i < 63; ++i) { // the last one is kept for the local socket
         clients.push_back(std::make_unique<Client>());
         clients.back()->connect_tcp(server.port());
         clients.back()->until("LAB> ");
@@ -247,6 +247,9 @@ TEST_F(ServerTest, TurnsClientsAwayWhenFull)
     Client late;
     late.connect_tcp(server.port());
     EXPECT_EQ(late.rest(), "% Too many sessions.\r\n");
+    Client local;
+    local.connect_local(server.socket_path());
+    local.until("LAB> ");
     clients.front()->send("quit\r");
     clients.front()->rest();
     Client next;
@@ -407,7 +410,7 @@ TEST(ServerPassword, AsksThreeTimes)
     crypt_data data{};
     std::ofstream(path) << crypt_r("open sesame", "$5$saltsalt", &data) << "\n";
     {
-        ConsoleServer server(path);
+        ConsoleServer server(with_password(path));
         Client client;
         client.connect_tcp(server.port());
         EXPECT_TRUE(client.until("Password: ").starts_with("Console of LAB."));
@@ -510,7 +513,7 @@ int bind_socket(const std::string& path)
 
 TEST(ServerSocket, ReplacesAStaleSocket)
 {
-    ConsoleServer server("", [](const std::string& path) { close(bind_socket(path)); });
+    ConsoleServer server({}, [](const std::string& path) { close(bind_socket(path)); });
     Client client;
     client.connect_local(server.socket_path());
     client.until("LAB> ");
@@ -521,7 +524,7 @@ TEST(ServerSocket, LeavesALiveOneAndServesTheRest)
     int live = -1;
     testing::internal::CaptureStderr();
     {
-        ConsoleServer server("", [&](const std::string& path) { live = bind_socket(path); });
+        ConsoleServer server({}, [&](const std::string& path) { live = bind_socket(path); });
         Client client;
         client.connect_tcp(server.port());
         client.until("LAB> ");
@@ -541,7 +544,7 @@ TEST(ServerSocket, LeavesALiveOneAndServesTheRest)
 TEST(ServerSocket, LeavesFilesAlone)
 {
     testing::internal::CaptureStderr();
-    ConsoleServer server("", [](const std::string& path) { std::ofstream(path) << "text\n"; });
+    ConsoleServer server({}, [](const std::string& path) { std::ofstream(path) << "text\n"; });
     EXPECT_NE(testing::internal::GetCapturedStderr().find(": a file of that name is in the way\n"), std::string::npos);
     std::ifstream file(server.socket_path());
     std::string text;

@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "host/engine/secrets.h"
+
+#include <algorithm>
+#include <array>
+#include <vector>
+
+#include "host/engine/nodes.h"
+
+namespace engine {
+namespace {
+
+constexpr std::string_view MASK = "***";
+// In a line that the node's commands do not explain, so much of a word is enough to take it for the secret word.
+constexpr std::size_t TELLING_LENGTH = 3;
+
+struct Words {
+    std::vector<SecretWord> rows;
+    std::array<bool, 256> begins{}; // with that byte, at least one of them
+};
+
+Words& secret_words()
+{
+    static Words& all = *new Words;
+    return all;
+}
+
+// Whether the word at the given place of the line can stand for the secret word.
+bool means(const Session& session, std::span<const std::string_view> words, std::size_t at, std::string_view secret)
+{
+    std::string_view typed = words[at];
+    if (!secret.starts_with(typed)) return false;
+    if (typed == secret) return true;
+    const Node* node = find_node(session.node);
+    if (node == nullptr || node->rules.raw_line != nullptr) return typed.size() >= TELLING_LENGTH;
+    auto candidates = node->commands.candidates(words.first(at), typed);
+    if (candidates.empty()) return typed.size() >= TELLING_LENGTH;
+    return std::any_of(candidates.begin(), candidates.end(),
+                       [&](const Candidate& candidate) { return candidate.word == secret; });
+}
+
+} // namespace
+
+void set_secret_words(std::span<const SecretWord> words)
+{
+    secret_words().rows.assign(words.begin(), words.end());
+    for (const SecretWord& row : words)
+        secret_words().begins[static_cast<unsigned char>(row.word[0])] = true;
+}
+
+std::string_view without_secrets(const Session& session, std::string_view line, std::span<const std::string_view> words,
+                                 std::string* storage)
+{
+    const Words& secrets = secret_words();
+    std::size_t copied = 0;
+    std::size_t hidden = words.size(); // the next word to be hidden
+    for (std::size_t i = 0; i < words.size(); ++i) {
+        if (i == hidden) {
+            auto from = static_cast<std::size_t>(words[i].data() - line.data());
+            storage->append(line.substr(copied, from - copied)).append(MASK);
+            copied = from + words[i].size();
+            continue;
+        }
+        if (!secrets.begins[static_cast<unsigned char>(words[i][0])]) continue;
+        for (const SecretWord& row : secrets.rows)
+            if (means(session, words, i, row.word)) hidden = i + row.distance;
+    }
+    if (copied == 0) return line;
+    return storage->append(line.substr(copied));
+}
+
+} // namespace engine
