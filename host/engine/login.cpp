@@ -19,6 +19,7 @@ namespace engine {
 namespace {
 
 constexpr const char* NAME_PROMPT = "Username: ";
+constexpr const char* PASSWORD_PROMPT = "Password: "; // where the command library has no node for it
 // Sources whose failures are remembered, and for how long.
 constexpr std::size_t SOURCES = 256;
 constexpr std::chrono::minutes SOURCE_MEMORY{10};
@@ -244,7 +245,9 @@ bool asks_password(const Session& session)
 
 std::string login_prompt(const Session& session)
 {
-    return session.node == AUTH_NODE && session.login.asks_name ? NAME_PROMPT : prompt(&session);
+    if (session.node == AUTH_NODE && session.login.asks_name) return NAME_PROMPT;
+    const Node* node = find_node(session.node);
+    return node->record != nullptr ? prompt(&session) : PASSWORD_PROMPT;
 }
 
 void begin_login(Session& session)
