@@ -5,7 +5,15 @@
 #include <epon/cli.h>
 
 #include "CLI_GENERAL/output.h"
+#include "REMOTE_MANAGEMENT_CLI/alarm_configuration.h"
+#include "REMOTE_MANAGEMENT_CLI/device_information.h"
+#include "REMOTE_MANAGEMENT_CLI/device_mgmt.h"
+#include "REMOTE_MANAGEMENT_CLI/mp_application.h"
+#include "REMOTE_MANAGEMENT_CLI/oam_api.h"
+#include "REMOTE_MANAGEMENT_CLI/oam_statistics.h"
+#include "REMOTE_MANAGEMENT_CLI/periph.h"
 #include "REMOTE_MANAGEMENT_CLI/rstp_ldp.h"
+#include "REMOTE_MANAGEMENT_CLI/send_file_to_onu.h"
 
 namespace {
 
@@ -43,5 +51,13 @@ void REMOTE_MANAGEMENT_CLI_cmd_init()
     static constinit bool is_installed = false;
     if (is_installed) return;
     is_installed = true;
+    epon::install_alarm_configuration();
+    epon::install_device_information();
+    epon::install_device_mgmt();
+    epon::install_mp_application();
+    epon::install_oam_api();
+    epon::install_oam_statistics();
+    epon::install_periph();
     epon::install_rstp_ldp();
+    epon::install_send_file_to_onu();
 }
