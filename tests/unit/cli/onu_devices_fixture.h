@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // The console on ONUs whose devices the tests know: ONU 5 receives 1000 frames a second and loses two of them, ONU 6
-// speaks no remote management, ONU 254 has everything as it is delivered.
+// speaks no remote management, ONU 7 leaves its requests
+// unanswered, ONU 9 is not authorized, ONU 254 has everything as it is delivered.
 #pragma once
 
 #include "managed_onus_fixture.h"
@@ -39,6 +40,14 @@ mac = "02-00-00-00-00-06"
 remote_management = "none"
 [olt.onu.device]
 frames_per_second = 1000
+[[olt.onu]]
+id = 7
+mac = "02-00-00-00-00-07"
+remote_management = "silent"
+[[olt.onu]]
+id = 9
+mac = "02-00-00-00-00-09"
+mode = "unauthorized"
 [[olt.onu]]
 id = 254
 mac = "02-00-00-00-00-fe"

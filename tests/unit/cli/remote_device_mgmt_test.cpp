@@ -46,8 +46,8 @@ TEST_F(RemoteDeviceMgmt, EachReasonOfARestartIsItsCause)
     EXPECT_EQ(REMOTE_NEPONU_reset_device(0, 5, -1), -4);
 }
 
-constexpr const char* GONE = "onu-deregistered: olt 0, onu 5, mac 02-00-00-00-00-05, reason by-onu \r\n";
-constexpr const char* BACK = "onu-registered: olt 0, onu 5, mac 02-00-00-00-00-05, rate 1g, rtt 1000 \r\n";
+constexpr const char* GONE = "onu-deregistered: olt 0, onu 5, mac 02-00-00-00-00-05, reason onu \r\n";
+constexpr const char* BACK = "onu-registered: olt 0, onu 5, mac 02-00-00-00-00-05, rate 1G/1G, rtt 1000 \r\n";
 constexpr const char* ABOUT_TO_RESET = "alarm: olt 0, onu 5, alarm oam-vendor-specific, state raised, value 17 \r\n";
 constexpr const char* GASP_ENDS = "alarm: olt 0, onu 5, alarm dying-gasp, state cleared, value 0 \r\n";
 

@@ -21,6 +21,7 @@ TEST_F(RemoteMpApplication, Version)
 TEST_F(RemoteMpApplication, GroupIsJoinedWhileItRuns)
 {
     EventLines events;
+    journal();
     expect_set("remote mp-application mld-init", "REMOTE_NEPONU_mp_mld_init(0, 5) = 0");
     EXPECT_EQ(events.after(999), "");
     EXPECT_EQ(events.after(1), JOINED);

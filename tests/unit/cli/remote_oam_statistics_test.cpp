@@ -228,16 +228,49 @@ TEST_F(RemoteOamStatistics, RefusedWords)
 
 TEST_F(RemoteOamStatistics, FailedCalls)
 {
-    const std::pair<const char*, const char*> commands[] = {
-        {"show onu remote oam all-stats 0 5", "REMOTE_NEPONU_get_all_stats"},
-        {"show onu remote oam stat-by-leaf 0 5 stat-branch 7 stat-leaf 2 rbx-onu true",
-         "REMOTE_NEPONU_get_stat_by_leaf"},
-        {"show onu remote oam stat-by-leaf 0 5 stat-branch 7 stat-leaf 2 rbx-onu false",
-         "REMOTE_NEPONU_get_stat_by_leaf_standard"},
-        {"show onu remote oam-stansard stat-by-leaf 0 5", "REMOTE_NEPONU_get_stat_by_leaf_standard"},
+    struct Case {
+        std::string words;
+        std::string own_words;
+        const char* operation;
+        std::string without_remote_management; // what ONUs 6 and 7 answer
+        std::string silent;
     };
-    for (const auto& [line, operation] : commands)
-        expect_remote_failures(line, operation);
+    const std::string no_onu = failure("ONU not available", -13015);
+    const std::string time_out = failure("time out", -2);
+    const std::string by_leaf_words = " stat-branch 7 stat-leaf 6 rbx-onu ";
+    const std::string value = "value: 0 \r\n";
+    const Case cases[] = {
+        {"oam all-stats", "", "REMOTE_NEPONU_get_all_stats", no_onu, time_out},
+        {"oam stat-by-leaf", by_leaf_words + "true", "REMOTE_NEPONU_get_stat_by_leaf", no_onu, time_out},
+        {"oam stat-by-leaf", by_leaf_words + "false", "REMOTE_NEPONU_get_stat_by_leaf_standard", value, value},
+    };
+    for (const Case& test : cases) {
+        const auto show = [&](const std::string& onu) {
+            return type("show onu remote " + test.words + " " + onu + test.own_words);
+        };
+        EXPECT_EQ(show("0 6"), test.without_remote_management);
+        EXPECT_EQ(show("0 7"), test.silent);
+        for (const char* onu : {"0 8", "0 255", "0 -1", "0 4095"})
+            EXPECT_EQ(show(onu), no_onu) << onu;
+        EXPECT_EQ(show("0 9"), time_out);
+        EXPECT_EQ(show("1 5"), failure("OLT not exist", -13013));
+        EXPECT_EQ(result, 0);
+        inject(test.operation, -13009);
+        EXPECT_EQ(show("0 5"), failure("discard OAM", -13009));
+        inject(test.operation, -17001);
+        EXPECT_EQ(show("0 5"), failure("Error code was not found!!!", -17001));
+        EXPECT_EQ(result, 0);
+        journal();
+        EXPECT_EQ(show("16 5"), "Error, OLT id (16) is out of bounds. OLT range: 0 - 15\n");
+        EXPECT_EQ(result, -4);
+        EXPECT_EQ(show("0 x"), "Error reading onu_index parameter for command from input, aborting\r\n");
+        EXPECT_EQ(result, -1);
+        EXPECT_EQ(journal(), Calls{});
+    }
+    EXPECT_EQ(type("show onu remote oam-stansard stat-by-leaf 0 9"), time_out);
+    EXPECT_EQ(type("show onu remote oam-stansard stat-by-leaf 16 5"),
+              "Error, OLT id (16) is out of bounds. OLT range: 0 - 15\n");
+    EXPECT_EQ(result, -4);
     enter_onu(5);
     expect_remote_failures("remote oam-api clear-all-statistics", "REMOTE_NEPONU_clear_all_statistics");
 }

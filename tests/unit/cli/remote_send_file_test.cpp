@@ -53,6 +53,7 @@ TEST_F(RemoteSendFile, FileGoesInOamFrames)
 {
     EventLines events;
     const std::string path = write("config", 7000);
+    journal();
     EXPECT_EQ(send("startup.cfg", path), "");
     EXPECT_EQ(result, 0);
     EXPECT_EQ(journal(), Calls{"REMOTE_NEPONU_send_file_to_onu(0, 5, \"startup.cfg\", \"" + path + "\") = 0"});
