@@ -56,11 +56,8 @@ const Operation set_extend_mtu_size("REMOTE_NEPONU_set_extend_mtu_size", REMOTE_
 const Operation get_reboot_counter("REMOTE_NEPONU_get_reboot_counter", REMOTE_MANAGEMENT);
 const Operation set_reboot_counter("REMOTE_NEPONU_set_reboot_counter", REMOTE_MANAGEMENT);
 
+constexpr int CODE_LIMIT = 255;                               // a device may tell codes that nobody has a word for
 enum { ALARM_DYING_GASP = 4, ALARM_OAM_VENDOR_SPECIFIC = 8 }; // indices of CLI_alarm_s
-
-constexpr ScenarioWord oam_version_words[] = {{"draft", REMOTE_OAM_DRAFT}, {"standard", REMOTE_OAM_STANDARD}};
-constexpr ScenarioWord os_words[] = {
-    {"none", REMOTE_OS_NONE}, {"ecos", REMOTE_OS_ECOS}, {"linux", REMOTE_OS_LINUX}, {"threadx", REMOTE_OS_THREADX}};
 
 REMOTE_device_status status_of(const Onu& onu)
 {
@@ -119,8 +116,8 @@ void read_onu_device(ScenarioReader& reader, OnuDevice* device)
     reader.number("hardware_minor", 0, UINT16_MAX, &device->hardware_minor);
     reader.version("firmware_version", &device->firmware_version);
     reader.version("mld_version", &device->mld_version);
-    reader.word("oam_version", oam_version_words, &device->oam_version);
-    reader.word("os", os_words, &device->os_type);
+    reader.number("oam_version", 0, CODE_LIMIT, &device->oam_version);
+    reader.number("os_type", 0, CODE_LIMIT, &device->os_type);
     reader.version("os_version", &device->os_version);
     reader.number("oam_frame_length", 64, 1518, &device->oam_frame_length);
     reader.number("frames_per_second", 0, 10000000, &device->frames_per_second);

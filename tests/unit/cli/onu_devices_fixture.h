@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // The console on ONUs whose devices the tests know: ONU 5 receives 1000 frames a second and loses two of them, ONU 6
-// speaks no remote management, ONU 7 leaves its requests
-// unanswered, ONU 9 is not authorized, ONU 254 has everything as it is delivered.
+// speaks no remote management, ONU 7 leaves its requests unanswered, ONU 9 is not authorized, ONU 253 tells codes
+// without a word, ONU 254 has everything as it is delivered.
 #pragma once
 
 #include "managed_onus_fixture.h"
@@ -25,8 +25,8 @@ hardware_major = 0x1a2b
 hardware_minor = 65535
 firmware_version = "4.1.12.3"
 mld_version = "1.2.65535.0"
-oam_version = "draft"
-os = "threadx"
+oam_version = 0
+os_type = 3
 os_version = "5.8.1024.0"
 oam_frame_length = 338
 frames_per_second = 1000
@@ -48,6 +48,12 @@ remote_management = "silent"
 id = 9
 mac = "02-00-00-00-00-09"
 mode = "unauthorized"
+[[olt.onu]]
+id = 253
+mac = "02-00-00-00-00-fd"
+[olt.onu.device]
+oam_version = 2
+os_type = 255
 [[olt.onu]]
 id = 254
 mac = "02-00-00-00-00-fe"

@@ -100,6 +100,15 @@ TEST_F(RemoteDeviceInformation, Os)
     EXPECT_EQ(type("show remote device-mgmt os"), "os_type: linux \r\nmajor: 4 \r\nminor: 19 \r\nbuild: 0 \r\n");
 }
 
+TEST_F(RemoteDeviceInformation, CodesWithoutAWord)
+{
+    enter_onu(253);
+    EXPECT_NE(type("show remote device-mgmt device-version").find("oam_version: Invalid value \r\n"),
+              std::string::npos);
+    EXPECT_EQ(type("show remote device-mgmt os").find("os_type: Invalid value \r\n"), 0u);
+    EXPECT_EQ(type("show remote oam-api oam-version"), "version: Invalid value \r\n");
+}
+
 TEST_F(RemoteDeviceInformation, FailedCalls)
 {
     const std::pair<const char*, const char*> commands[] = {
