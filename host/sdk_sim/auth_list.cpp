@@ -41,12 +41,11 @@ void adjust_authorization(const Olt& olt, Onu& onu, bool authorized)
 // Applies the lists to an ONU that is registered.
 void review(Network& network, Olt& olt, Onu& onu)
 {
-    const AuthList& list = olt.configuration.auth_list;
     if (!counts_as_registered(onu)) return;
-    switch (admission(list, onu.mac)) {
+    switch (admission(olt, onu)) {
     case Admission::Admitted:
         // Without hybrid mode the lists have no say in who is authorized.
-        if (list.mode == AUTHENTICATION_HYBRID) adjust_authorization(olt, onu, true);
+        if (olt.configuration.auth_list.mode == AUTHENTICATION_HYBRID) adjust_authorization(olt, onu, true);
         break;
     case Admission::Unauthorized:
         adjust_authorization(olt, onu, false);
@@ -57,12 +56,6 @@ void review(Network& network, Olt& olt, Onu& onu)
         return_onu(network, olt, onu.id);
         break;
     }
-}
-
-void review_all(Network& network, Olt& olt)
-{
-    for (auto& [id, onu] : olt.onus)
-        review(network, olt, onu);
 }
 
 void review_address(Network& network, Olt& olt, const Mac& mac)
@@ -128,6 +121,12 @@ void append_value(std::string* line, const ListResult& result)
 
 } // namespace
 
+void review_onus(Network& network, Olt& olt)
+{
+    for (auto& [id, onu] : olt.onus)
+        review(network, olt, onu);
+}
+
 Admission admission(const AuthList& list, const Mac& mac)
 {
     if (list.mode == AUTHENTICATION_DISABLED) return Admission::Admitted;
@@ -147,7 +146,7 @@ int16_t NEP_set_authentication_mode(int16_t olt_id, int32_t mode)
     return on_lists(set_authentication_mode, olt_id, in(olt_id, mode), [&](Network& network, Olt& olt) {
         if (mode < AUTHENTICATION_DISABLED || mode > AUTHENTICATION_HYBRID) return PARAMETER_ERROR;
         olt.configuration.auth_list.mode = mode;
-        review_all(network, olt);
+        review_onus(network, olt);
         return SUCCESS;
     });
 }
@@ -165,7 +164,7 @@ int16_t NEP_set_active_authentication_list_type(int16_t olt_id, int32_t type)
     return on_lists(set_active_type, olt_id, in(olt_id, type), [&](Network& network, Olt& olt) {
         if (type != AUTHENTICATION_WHITE_LIST && type != AUTHENTICATION_BLACK_LIST) return PARAMETER_ERROR;
         olt.configuration.auth_list.active_type = type;
-        review_all(network, olt);
+        review_onus(network, olt);
         return SUCCESS;
     });
 }
@@ -203,7 +202,7 @@ int16_t NEP_clear_mac_address_authentication_table(int16_t olt_id)
 {
     return on_lists(clear_mac_addresses, olt_id, in(olt_id), [&](Network& network, Olt& olt) {
         active_addresses(olt.configuration.auth_list).clear();
-        review_all(network, olt);
+        review_onus(network, olt);
         return SUCCESS;
     });
 }

@@ -10,6 +10,9 @@
 
 namespace sdk_sim {
 
+struct Network;
+struct Olt;
+
 struct AuthList {
     std::int32_t mode = AUTHENTICATION_DISABLED;
     std::int32_t active_type = AUTHENTICATION_WHITE_LIST;
@@ -18,7 +21,10 @@ struct AuthList {
 
 enum class Admission { Admitted, Unauthorized, NotListed, BlackListed };
 
-// What happens to an ONU that asks for registration.
+// What becomes of an address.
 Admission admission(const AuthList& list, const std::array<std::uint8_t, 6>& mac);
+
+// Takes registration or authorization away from the ONUs of an OLT that are not admitted any more, or gives it to them.
+void review_onus(Network& network, Olt& olt);
 
 } // namespace sdk_sim

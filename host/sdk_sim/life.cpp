@@ -25,7 +25,7 @@ void copy_mac(std::uint8_t out[6], const Mac& mac)
 // False, with the event, when the OLT's lists keep the ONU out.
 bool admit_onu(const Olt& olt, Onu& onu)
 {
-    const Admission result = admission(olt.configuration.auth_list, onu.mac);
+    const Admission result = admission(olt, onu);
     if (result == Admission::Unauthorized) onu.mode = ONU_MODE_REGISTERED_UNAUTHORIZED;
     if (result == Admission::Admitted || result == Admission::Unauthorized) return true;
     onu.mode = ONU_MODE_UNREGISTERED;

@@ -17,6 +17,7 @@
 #include <epon/sdk.h>
 
 #include "host/sdk_sim/auth_list.h"
+#include "host/sdk_sim/ctc_loid.h"
 #include "host/sdk_sim/dba_control.h"
 #include "host/sdk_sim/dot1x.h"
 #include "host/sdk_sim/encryption_direction.h"
@@ -104,6 +105,7 @@ struct Onu {
     OamAnswer extended_oam = OamAnswer::Answers;      // of the CTC stack
     OamAnswer remote_management = OamAnswer::Answers; // of remote management
     std::string name, serial_number;                  // as the device tells them: any octets
+    std::string loid, loid_password;                  // given to its subscriber; empty: none
     OnuImage image;
     OnuDevice device;
     std::set<std::uint8_t> looped_ports; // user ports that somebody has connected with each other
@@ -127,6 +129,7 @@ struct OltConfiguration {
     OltSettings settings;
     XauiRedundancy xaui_redundancy;
     AuthList auth_list;
+    LoidTable loid_table;
     DbaControl dba_control;
     OLT_802_1x_configuration dot1x{};
     Grants grants;

@@ -85,6 +85,8 @@ Onu read_onu(ScenarioReader& reader)
     }
     reader.text("name", ONU_TEXT_LENGTH, &onu.name);
     reader.text("serial_number", ONU_TEXT_LENGTH, &onu.serial_number);
+    reader.text("loid", CTC_LOID_SIZE - 1, &onu.loid);
+    reader.text("loid_password", CTC_LOID_PASSWORD_SIZE - 1, &onu.loid_password);
     onu.initial_configuration = onu.configuration;
     return onu;
 }
