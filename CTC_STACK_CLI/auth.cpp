@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Which ONUs an OLT admits by their LOID, the logical identifier that a subscriber was given: how strictly, the table of
-// LOIDs and passwords, and the links that are kept for them.
+// Which ONUs an OLT admits by their LOID, the logical identifier that a subscriber was given: how strictly, the table
+// of LOIDs and passwords, and the links that are kept for them.
 #include "CTC_STACK_CLI/auth.h"
 
 #include <cstddef>
@@ -26,8 +26,8 @@ constexpr WordTable auth_modes = {"auth_mode", auth_mode_words};
 constexpr const char* NO_PASSWORD = "none";
 
 constexpr Field loid_field = {"loid_id", FieldFormat::Text, 0, nullptr, nullptr, CTC_LOID_SIZE};
-constexpr Field password_field = {
-    "password", FieldFormat::Text, offsetof(CTC_loid_data, password), nullptr, nullptr, CTC_LOID_PASSWORD_SIZE};
+constexpr Field password_field = {"password", FieldFormat::Text, offsetof(CTC_loid_data, password),
+                                  nullptr,    nullptr,           CTC_LOID_PASSWORD_SIZE};
 static_assert(offsetof(CTC_loid_data, loid) == 0);
 
 bool read_password(vty* session, const char* text, char password[CTC_LOID_PASSWORD_SIZE])
@@ -125,7 +125,7 @@ int show_auth_loid_llid_config(cmd_element*, vty* session, int, char** argv)
 
 static constinit cmd_element auth_loid_data_add_cmd =
     command("ctc auth loid-data-add onu-id ONU_ID password (PASSWORD|none)", auth_loid_data_add,
-            "CTC stack: management of ONUs by extended OAM\n"
+            "Management of ONUs by the CTC extension of OAM\n"
             "Which ONUs this OLT admits, by their LOIDs\n"
             "Add a LOID to this OLT's table, which holds up to 256\n"
             "LOID, the logical identifier that the ONU's subscriber was given\n"
@@ -135,7 +135,7 @@ static constinit cmd_element auth_loid_data_add_cmd =
 
 static constinit cmd_element auth_loid_data_remove_cmd =
     command("ctc auth loid-data-remove onu-id ONU_ID", auth_loid_data_remove,
-            "CTC stack: management of ONUs by extended OAM\n"
+            "Management of ONUs by the CTC extension of OAM\n"
             "Which ONUs this OLT admits, by their LOIDs\n"
             "Take a LOID, and the link that is kept for it, out of this OLT's table\n"
             "LOID, the logical identifier that the ONU's subscriber was given\n"
@@ -144,28 +144,29 @@ static constinit cmd_element auth_loid_data_remove_cmd =
 static constinit cmd_element show_auth_loid_data_table_cmd =
     command("show ctc auth loid-data-table", show_auth_loid_data_table,
             "Show settings and state\n"
-            "CTC stack: management of ONUs by extended OAM\n"
+            "Management of ONUs by the CTC extension of OAM\n"
             "Which ONUs this OLT admits, by their LOIDs\n"
             "LOIDs and passwords of this OLT's table, in the order in which they were added\n");
 
-static constinit cmd_element auth_mode_cmd = command(
-    "ctc auth mode (auth-mac|auth-loid|auth-hybrid|auth-loid-not-chk-pwd|auth-hybrid-not-chk-pwd)", auth_mode,
-    "CTC stack: management of ONUs by extended OAM\n"
-    "Which ONUs this OLT admits, by their LOIDs\n"
-    "What an ONU has to prove\n"
-    "auth-mac: its MAC address, as \"set auth-list\" says; auth-loid: a LOID of the table and its password; auth-hybrid: "
-    "an address in a white list that is followed, or a LOID and its password; auth-loid-not-chk-pwd, "
-    "auth-hybrid-not-chk-pwd: the same with any password\n");
+static constinit cmd_element auth_mode_cmd =
+    command("ctc auth mode (auth-mac|auth-loid|auth-hybrid|auth-loid-not-chk-pwd|auth-hybrid-not-chk-pwd)", auth_mode,
+            "Management of ONUs by the CTC extension of OAM\n"
+            "Which ONUs this OLT admits, by their LOIDs\n"
+            "What an ONU has to prove\n"
+            "auth-mac: its MAC address, as \"set auth-list\" says; auth-loid: a LOID of the table and its password; "
+            "auth-hybrid: "
+            "an address in a white list that is followed, or a LOID and its password; auth-loid-not-chk-pwd, "
+            "auth-hybrid-not-chk-pwd: the same with any password\n");
 
 static constinit cmd_element show_auth_mode_cmd = command("show ctc auth mode", show_auth_mode,
                                                           "Show settings and state\n"
-                                                          "CTC stack: management of ONUs by extended OAM\n"
+                                                          "Management of ONUs by the CTC extension of OAM\n"
                                                           "Which ONUs this OLT admits, by their LOIDs\n"
                                                           "What an ONU has to prove\n");
 
 static constinit cmd_element auth_loid_llid_config_cmd =
     command("ctc auth loid-llid-config loid-id LOID_ID llid LLID_INDEX", auth_loid_llid_config,
-            "CTC stack: management of ONUs by extended OAM\n"
+            "Management of ONUs by the CTC extension of OAM\n"
             "Which ONUs this OLT admits, by their LOIDs\n"
             "Links that are kept for the ONUs with certain LOIDs\n"
             "LOID of the table\n"
@@ -176,7 +177,7 @@ static constinit cmd_element auth_loid_llid_config_cmd =
 static constinit cmd_element no_auth_loid_llid_config_cmd =
     command("no ctc auth loid-llid-config llid LLID_INDEX", no_auth_loid_llid_config,
             "Turn a setting off, or take an object away\n"
-            "CTC stack: management of ONUs by extended OAM\n"
+            "Management of ONUs by the CTC extension of OAM\n"
             "Which ONUs this OLT admits, by their LOIDs\n"
             "Links that are kept for the ONUs with certain LOIDs\n"
             "A link of the OLT\n"
@@ -185,7 +186,7 @@ static constinit cmd_element no_auth_loid_llid_config_cmd =
 static constinit cmd_element show_auth_loid_llid_config_cmd =
     command("show ctc auth loid-llid-config llid LLID_INDEX", show_auth_loid_llid_config,
             "Show settings and state\n"
-            "CTC stack: management of ONUs by extended OAM\n"
+            "Management of ONUs by the CTC extension of OAM\n"
             "Which ONUs this OLT admits, by their LOIDs\n"
             "Links that are kept for the ONUs with certain LOIDs\n"
             "A link of the OLT\n"

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
-// Commands of the CTC stack. Not part of this build yet: it installs nothing.
+// Commands of the CTC stack.
 #include <epon/cli.h>
+
+#include "CTC_STACK_CLI/auth.h"
 
 void CTC_STACK_CLI_cmd_init()
 {
     static constinit bool is_installed = false;
     if (is_installed) return;
     is_installed = true;
+    epon::install_ctc_auth();
 }

@@ -155,8 +155,7 @@ Admission admission(const Olt& olt, const Onu& onu)
     const Admission by_address = admission(list, onu.mac);
     if (mode == CTC_AUTH_MAC) return by_address;
     const bool by_loid = is_admitted_by_loid(olt, onu);
-    const bool has_white_list =
-        list.mode != AUTHENTICATION_DISABLED && list.active_type == AUTHENTICATION_WHITE_LIST;
+    const bool has_white_list = list.mode != AUTHENTICATION_DISABLED && list.active_type == AUTHENTICATION_WHITE_LIST;
     if (is_hybrid(mode) && has_white_list) return by_loid ? Admission::Admitted : by_address;
     const bool is_kept_out = by_address == Admission::NotListed || by_address == Admission::BlackListed;
     return by_loid || is_kept_out ? by_address : Admission::NotListed;

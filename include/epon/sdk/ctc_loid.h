@@ -11,17 +11,17 @@ extern "C" {
 #endif
 
 enum CtcAuthMode {
-    CTC_AUTH_MAC = 0,                   /* the OLT's lists of MAC addresses decide; LOIDs are not asked for */
-    CTC_AUTH_LOID = 1,                  /* an ONU that the lists do not keep out must have a LOID of the table */
-    CTC_AUTH_HYBRID = 2,                /* an address in an active white list or a LOID of the table is enough */
-    CTC_AUTH_LOID_ANY_PASSWORD = 3,     /* as 1, whatever the password */
-    CTC_AUTH_HYBRID_ANY_PASSWORD = 4    /* as 2, whatever the password */
+    CTC_AUTH_MAC = 0,                /* the OLT's lists of MAC addresses decide; LOIDs are not asked for */
+    CTC_AUTH_LOID = 1,               /* an ONU that the lists do not keep out must have a LOID of the table */
+    CTC_AUTH_HYBRID = 2,             /* an address in an active white list or a LOID of the table is enough */
+    CTC_AUTH_LOID_ANY_PASSWORD = 3,  /* as 1, whatever the password */
+    CTC_AUTH_HYBRID_ANY_PASSWORD = 4 /* as 2, whatever the password */
 };
 
 enum {
-    CTC_LOID_SIZE = 25,           /* of a LOID, terminator included */
-    CTC_LOID_PASSWORD_SIZE = 13,  /* of a password, terminator included */
-    CTC_LOID_TABLE_SIZE = 256     /* LOIDs of an OLT */
+    CTC_LOID_SIZE = 25,          /* of a LOID, terminator included */
+    CTC_LOID_PASSWORD_SIZE = 13, /* of a password, terminator included */
+    CTC_LOID_TABLE_SIZE = 256    /* LOIDs of an OLT */
 };
 
 typedef struct CTC_loid_data {
