@@ -75,6 +75,9 @@ void format_field(const Field& field, const void* record, char text[FIELD_TEXT_S
     case FieldFormat::Hex32:
         snprintf(text, FIELD_TEXT_SIZE, "0x%" PRIx32, value_of<uint32_t>(field, record));
         break;
+    case FieldFormat::Hex64:
+        snprintf(text, FIELD_TEXT_SIZE, "0x%" PRIx64, value_of<uint64_t>(field, record));
+        break;
     case FieldFormat::Hundredths:
         format_hundredths(text, value_of<int32_t>(field, record));
         break;
@@ -83,8 +86,10 @@ void format_field(const Field& field, const void* record, char text[FIELD_TEXT_S
                  bytes[4], bytes[5]);
         break;
     case FieldFormat::HexMac:
+    case FieldFormat::HexId:
         for (int i = 0; i < MAC_BYTES; ++i)
             text += snprintf(text, 6, "0x%02x-", bytes[i]);
+        if (field.format == FieldFormat::HexId) text[-1] = '\0';
         break;
     case FieldFormat::Bytes: {
         uint32_t length;

@@ -23,4 +23,10 @@ bool read_onu_target(vty* session, int argc, char** argv, int own_words, OnuTarg
 // The same for a command without words of its own.
 bool read_onu_target(vty* session, int argc, char** argv, OnuTarget* onu, int* result);
 
+// The ONU of a command that sets something: the session's.
+inline bool read_session_target(vty* session, OnuTarget* onu, int* result)
+{
+    return read_onu_target(session, 0, nullptr, onu, result);
+}
+
 } // namespace epon

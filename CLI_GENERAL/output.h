@@ -39,10 +39,12 @@ enum class FieldFormat : uint8_t {
     Uint64,
     Hex16,      // 0x%hx
     Hex32,      // 0x%x
+    Hex64,      // 0x%llx
     Counter,    // uint64 as %Lg
     Hundredths, // int32 in hundredths: -12.34
     Mac,        // six bytes, 00-11-22-33-44-55
     HexMac,     // six bytes, "0x%02x-" each
+    HexId,      // the same without the last "-"
     Bytes,      // pointer to bytes, whose number is the uint32 at size_offset
     Text,       // text of a device, in an array of size_offset characters
     Uint8Word,  // values of a word table

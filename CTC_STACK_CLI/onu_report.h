@@ -23,4 +23,17 @@ void print_onu(vty* session, const OnuTarget& onu);
 int show_onu_record(vty* session, const OnuTarget& onu, int16_t code, const void* record,
                     std::span<const Field> fields);
 
+// The whole of a command that shows what one operation reads, and has no words of its own.
+template <class Record>
+int show_ctc(vty* session, int argc, char** argv, int16_t (*get)(int16_t olt_id, int16_t onu_id, Record* record),
+             std::span<const Field> fields)
+{
+    OnuTarget onu;
+    int result;
+    if (!read_onu_target(session, argc, argv, &onu, &result)) return result;
+    Record record{};
+    const int16_t code = get(onu.olt_id, onu.onu_id, &record);
+    return show_onu_record(session, onu, code, &record, fields);
+}
+
 } // namespace epon

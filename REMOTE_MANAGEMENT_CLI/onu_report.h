@@ -29,10 +29,4 @@ int show_remote(vty* session, int argc, char** argv, int16_t (*get)(int16_t olt_
     return show_remote_record(session, code, &record, fields);
 }
 
-// The ONU of a command that sets something: the session's.
-inline bool read_session_target(vty* session, OnuTarget* onu, int* result)
-{
-    return read_onu_target(session, 0, nullptr, onu, result);
-}
-
 } // namespace epon

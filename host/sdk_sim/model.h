@@ -17,6 +17,8 @@
 #include <epon/sdk.h>
 
 #include "host/sdk_sim/auth_list.h"
+#include "host/sdk_sim/ctc_capabilities.h"
+#include "host/sdk_sim/ctc_identity.h"
 #include "host/sdk_sim/ctc_loid.h"
 #include "host/sdk_sim/dba_control.h"
 #include "host/sdk_sim/dot1x.h"
@@ -106,6 +108,8 @@ struct Onu {
     OamAnswer remote_management = OamAnswer::Answers; // of remote management
     std::string name, serial_number;                  // as the device tells them: any octets
     std::string loid, loid_password;                  // given to its subscriber; empty: none
+    OnuIdentity identity;
+    OnuCapabilities capabilities;
     OnuImage image;
     OnuDevice device;
     std::set<std::uint8_t> looped_ports; // user ports that somebody has connected with each other

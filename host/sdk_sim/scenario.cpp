@@ -64,6 +64,15 @@ IndexRange read_range(ScenarioReader& reader, int limit)
     return range;
 }
 
+template <class Record>
+void read_table(ScenarioReader& reader, std::string_view key, void (*read)(ScenarioReader&, Record*), Record* record)
+{
+    for (ScenarioReader& table : reader.tables(key)) {
+        read(table, record);
+        table.finish();
+    }
+}
+
 Onu read_onu(ScenarioReader& reader)
 {
     Onu onu;
@@ -85,6 +94,10 @@ Onu read_onu(ScenarioReader& reader)
     }
     reader.text("name", ONU_TEXT_LENGTH, &onu.name);
     reader.text("serial_number", ONU_TEXT_LENGTH, &onu.serial_number);
+    onu.identity = default_identity(onu);
+    onu.capabilities = default_capabilities(onu);
+    read_table(reader, "identity", read_identity, &onu.identity);
+    read_table(reader, "capabilities", read_capabilities, &onu.capabilities);
     reader.text("loid", CTC_LOID_SIZE - 1, &onu.loid);
     reader.text("loid_password", CTC_LOID_PASSWORD_SIZE - 1, &onu.loid_password);
     onu.initial_configuration = onu.configuration;
@@ -136,15 +149,6 @@ void read_firmware(ScenarioReader& reader, FirmwareConsole* console)
     reader.fixed_point("temperature", 1, -600, 2000, &console->temperature);
     reader.registers("registers", &console->registers);
     reader.texts("log", &console->log);
-}
-
-template <class Record>
-void read_table(ScenarioReader& reader, std::string_view key, void (*read)(ScenarioReader&, Record*), Record* record)
-{
-    for (ScenarioReader& table : reader.tables(key)) {
-        read(table, record);
-        table.finish();
-    }
 }
 
 Olt read_olt(ScenarioReader& reader)

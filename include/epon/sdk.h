@@ -10,7 +10,10 @@
 #define EPON_SDK_H
 
 #include <epon/sdk/auth_list.h>
+#include <epon/sdk/ctc_capabilities.h>
+#include <epon/sdk/ctc_identity.h>
 #include <epon/sdk/ctc_loid.h>
+#include <epon/sdk/ctc_power_save.h>
 #include <epon/sdk/dba_control.h>
 #include <epon/sdk/dot1x.h>
 #include <epon/sdk/encryption_direction.h>
