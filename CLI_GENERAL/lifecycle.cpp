@@ -109,6 +109,7 @@ int CLI_activate()
 int init_packages()
 {
     epon::trace_api_call(ENTRY_POINTS, __func__);
+    CTC_STACK_CLI_cmd_init();
     CLI_remote_management_init();
     return 0;
 }

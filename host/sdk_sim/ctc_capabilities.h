@@ -22,7 +22,7 @@ struct OnuCapabilities {
     std::uint8_t queues_per_port = 8; // in each direction
     std::uint8_t battery_backup = 0;
     std::uint8_t fec = 1;
-    std::uint8_t multi_llid = 0; // links beside the first
+    std::uint8_t multi_llid = 0; // links that it can have; 0: one alone
     std::int32_t protection = CTC_PROTECTION_NONE;
     std::uint8_t pon_interfaces = 1;
     std::uint8_t slots = 0;

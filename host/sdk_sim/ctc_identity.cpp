@@ -52,6 +52,14 @@ void read_field(ScenarioReader& reader, const char* key, char (&field)[Size])
     store(field, text);
 }
 
+std::string dotted(const OLT_version& version)
+{
+    std::string text;
+    for (const std::uint16_t number : version.number)
+        text += (text.empty() ? "" : ".") + std::to_string(number);
+    return text;
+}
+
 // "140321" is the 21st of March 2014.
 void read_date(ScenarioReader& reader, CTC_chipset_id* chipset)
 {
@@ -79,9 +87,11 @@ OnuIdentity default_identity(const Onu& onu)
     const std::string_view serial_number = onu.serial_number;
     store(identity.serial.vendor_id, serial_number.empty() ? "EPON" : serial_number.substr(0, CTC_VENDOR_ID_SIZE));
     identity.serial.onu_model = product.model;
-    store(identity.serial.hardware_version, "V1.0");
-    store(identity.serial.software_version, "V1.0.0");
-    store(identity.firmware.version, "1.0.0.0");
+    const OnuDevice& device = onu.device;
+    store(identity.serial.hardware_version,
+          "V" + std::to_string(device.hardware_major) + "." + std::to_string(device.hardware_minor));
+    store(identity.serial.software_version, "V" + dotted(device.firmware_version));
+    store(identity.firmware.version, dotted(device.firmware_version));
     store(identity.chipset.vendor_id, "EP");
     identity.chipset.chip_model = product.chip_model;
     identity.chipset.revision = 1;

@@ -15,7 +15,7 @@ struct OnuIdentity {
     CTC_chipset_id chipset{};
 };
 
-// As the ONU's rate and its serial number suggest.
+// As the ONU's rate, its serial number and its versions suggest.
 OnuIdentity default_identity(const Onu& onu);
 // The table "identity" of an ONU.
 void read_identity(ScenarioReader& reader, OnuIdentity* identity);

@@ -88,7 +88,8 @@ REMOTE_mac_address addresses_of(const Onu& onu)
     return mac;
 }
 
-// An ONU that starts anew goes with its last words, and registers again when it is up.
+} // namespace
+
 void restart_onu(Network& network, Olt& olt, Onu& onu, std::int32_t reason)
 {
     raise_remote_alarm(olt, onu, REMOTE_ALARM_PRE_RESET, ALARM_OAM_VENDOR_SPECIFIC, REMOTE_ALARM_PRE_RESET);
@@ -107,8 +108,6 @@ void restart_onu(Network& network, Olt& olt, Onu& onu, std::int32_t reason)
                           raise(EVENT_ALARM, of_onu.id, AlarmEvent{started.id, ALARM_DYING_GASP, 0, 0});
                   });
 }
-
-} // namespace
 
 void read_onu_device(ScenarioReader& reader, OnuDevice* device)
 {

@@ -14,6 +14,9 @@
 namespace sdk_sim {
 
 class ScenarioReader;
+struct Network;
+struct Olt;
+struct Onu;
 
 // Stays with the ONU when it loses its registration.
 struct OnuDevice {
@@ -42,6 +45,10 @@ struct OnuManagement {
     std::uint8_t downstream_extend = 0;
     std::uint8_t upstream_extend = 0;
 };
+
+// Makes an ONU start anew: it goes with its last words, and registers again when it is up. reason is enum
+// RemoteResetReason.
+void restart_onu(Network& network, Olt& olt, Onu& onu, std::int32_t reason);
 
 // The table "device" of an ONU.
 void read_onu_device(ScenarioReader& reader, OnuDevice* device);

@@ -88,10 +88,7 @@ Onu read_onu(ScenarioReader& reader)
     reader.number("frame_error_rate", 0, 1000000, &onu.frame_error_rate);
     reader.word("extended_oam", answer_words, &onu.extended_oam);
     reader.word("remote_management", answer_words, &onu.remote_management);
-    for (ScenarioReader& device : reader.tables("device")) {
-        read_onu_device(device, &onu.device);
-        device.finish();
-    }
+    read_table(reader, "device", read_onu_device, &onu.device);
     reader.text("name", ONU_TEXT_LENGTH, &onu.name);
     reader.text("serial_number", ONU_TEXT_LENGTH, &onu.serial_number);
     onu.identity = default_identity(onu);

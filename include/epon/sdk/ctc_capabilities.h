@@ -69,7 +69,7 @@ typedef struct CTC_interface_capability {
 
 typedef struct CTC_onu_capabilities_2 {
     uint16_t onu_type;       /* enum CtcOnuType */
-    uint8_t multi_llid;      /* links that it can have beside its first, 0..8 */
+    uint8_t multi_llid;      /* links that it can have, 2..8; 0: one alone */
     uint8_t protection_type; /* enum CtcProtectionType */
     uint8_t pon_interfaces;
     uint8_t slots;           /* for cards; 0: it is one box */
