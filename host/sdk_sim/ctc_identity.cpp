@@ -34,7 +34,7 @@ const Operation get_serial_number("CTC_STACK_get_onu_serial_number", CTC_STACK);
 const Operation get_firmware_version("CTC_STACK_get_firmware_version_extended", CTC_STACK);
 const Operation get_chipset_id("CTC_STACK_get_chipset_id", CTC_STACK);
 
-constexpr std::int32_t LAST_DATE = 991231;
+constexpr std::int32_t LAST_DATE = 999999;
 
 template <std::size_t Size>
 void store(char (&field)[Size], std::string_view text)

@@ -113,7 +113,7 @@ void schedule_alarm(Network& network)
 void register_onu(Network& network, Olt& olt, Onu& onu)
 {
     if (counts_as_registered(onu)) return;
-    if (!hears_olt(olt, onu)) return; // no discovery reaches it
+    if (!hears_olt(olt, onu) || !transmits(onu)) return; // no discovery reaches it, or no answer comes back
     onu.mode = onu.home_mode;
     if (!counts_as_registered(onu)) return;
     if (!admit_onu(olt, onu)) {

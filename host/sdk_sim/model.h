@@ -20,6 +20,9 @@
 #include "host/sdk_sim/ctc_capabilities.h"
 #include "host/sdk_sim/ctc_identity.h"
 #include "host/sdk_sim/ctc_loid.h"
+#include "host/sdk_sim/ctc_power_save.h"
+#include "host/sdk_sim/ctc_protection.h"
+#include "host/sdk_sim/ctc_tx_power.h"
 #include "host/sdk_sim/dba_control.h"
 #include "host/sdk_sim/dot1x.h"
 #include "host/sdk_sim/encryption_direction.h"
@@ -81,6 +84,9 @@ struct OnuConfiguration {
     LinkTest link_test;
     OamFrames oam_frames;
     OnuLoopback loopback;
+    LineProtection line_protection;
+    PowerSave power_save;
+    std::uint8_t activated_llids = 0; // 0: the first alone
     OnuDownload download;
     MkaLink mka;
     RemoteOam remote_oam;
@@ -110,6 +116,7 @@ struct Onu {
     std::string loid, loid_password;                  // given to its subscriber; empty: none
     OnuIdentity identity;
     OnuCapabilities capabilities;
+    OnuTransmitters transmitters;
     OnuImage image;
     OnuDevice device;
     std::set<std::uint8_t> looped_ports; // user ports that somebody has connected with each other

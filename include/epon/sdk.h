@@ -13,7 +13,11 @@
 #include <epon/sdk/ctc_capabilities.h>
 #include <epon/sdk/ctc_identity.h>
 #include <epon/sdk/ctc_loid.h>
+#include <epon/sdk/ctc_multi_llid.h>
 #include <epon/sdk/ctc_power_save.h>
+#include <epon/sdk/ctc_protection.h>
+#include <epon/sdk/ctc_reset.h>
+#include <epon/sdk/ctc_tx_power.h>
 #include <epon/sdk/dba_control.h>
 #include <epon/sdk/dot1x.h>
 #include <epon/sdk/encryption_direction.h>
