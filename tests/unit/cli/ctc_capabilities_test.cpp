@@ -8,13 +8,13 @@ namespace {
 
 class CtcCapabilities : public Ctc {
   protected:
-    // OLT 3 with ONU 5 and these capabilities alone.
+    // OLT 0 with ONU 5 and these capabilities alone.
     void load(const std::string& capabilities)
     {
         const std::string onus = R"(
 [[olt]]
-id = 3
-mac = "00-0a-c4-00-00-03"
+id = 0
+mac = "00-0a-c4-00-00-01"
 [[olt.onu]]
 id = 5
 mac = "02-00-00-00-00-05"
@@ -28,50 +28,50 @@ mac = "02-00-00-00-00-05"
 
 TEST_F(CtcCapabilities, ServicesAndPorts)
 {
-    expect_show("capabilities", "CTC_STACK_get_onu_capabilities",
-                "ge_service: supported \r\n"
-                "fe_service: not-supported \r\n"
-                "voip_service: not-supported \r\n"
-                "tdm_ces_service: not-supported \r\n"
-                "number_of_ge_ports: 1 \r\n"
-                "number_of_fe_ports: 0 \r\n"
-                "number_of_pots_ports: 0 \r\n"
-                "number_of_e1_ports: 0 \r\n"
-                "ge_ports_bitmap: 0x1 \r\n"
-                "fe_ports_bitmap: 0x0 \r\n"
-                "uplink_queues: 8 \r\n"
-                "uplink_queues_per_port: 8 \r\n"
-                "downlink_queues: 8 \r\n"
-                "downlink_queues_per_port: 8 \r\n"
-                "battery_backup: not-supported \r\n"
-                "fec: supported \r\n",
-                "{ge_ports=1,fe_ports=0,pots_ports=0,e1_ports=0}");
+    expect_report("capabilities", "CTC_STACK_get_onu_capabilities",
+                  "ge_service: supported \r\n"
+                  "fe_service: not-supported \r\n"
+                  "voip_service: not-supported \r\n"
+                  "tdm_ces_service: not-supported \r\n"
+                  "number_of_ge_ports: 1 \r\n"
+                  "number_of_fe_ports: 0 \r\n"
+                  "number_of_pots_ports: 0 \r\n"
+                  "number_of_e1_ports: 0 \r\n"
+                  "ge_ports_bitmap: 0x1 \r\n"
+                  "fe_ports_bitmap: 0x0 \r\n"
+                  "uplink_queues: 8 \r\n"
+                  "uplink_queues_per_port: 8 \r\n"
+                  "downlink_queues: 8 \r\n"
+                  "downlink_queues_per_port: 8 \r\n"
+                  "battery_backup: not-supported \r\n"
+                  "fec: supported \r\n",
+                  "{ge_ports=1,fe_ports=0,pots_ports=0,e1_ports=0}");
     expect_show_refusals("capabilities", "CTC_STACK_get_onu_capabilities");
 }
 
 TEST_F(CtcCapabilities, KindAndBuild)
 {
-    expect_show("capabilities-2", "CTC_STACK_get_onu_capabilities_2",
-                "onu_type: sfu \r\n"
-                "multi_llid: 0 \r\n"
-                "protection_type: none \r\n"
-                "number_of_pon_interfaces: 1 \r\n"
-                "number_of_slots: 0 \r\n"
-                "number_of_interface_types: 1 \r\n"
-                "interface_type: ge \r\n"
-                "number_of_ports: 1 \r\n"
-                "battery_backup: not-supported \r\n",
-                "{onu_type=0,multi_llid=0,protection_type=0,pon_interfaces=1,slots=0,interface_types=1}");
+    expect_report("capabilities-2", "CTC_STACK_get_onu_capabilities_2",
+                  "onu_type: sfu \r\n"
+                  "multi_llid: 0 \r\n"
+                  "protection_type: none \r\n"
+                  "number_of_pon_interfaces: 1 \r\n"
+                  "number_of_slots: 0 \r\n"
+                  "number_of_interface_types: 1 \r\n"
+                  "interface_type: ge \r\n"
+                  "number_of_ports: 1 \r\n"
+                  "battery_backup: not-supported \r\n",
+                  "{onu_type=0,multi_llid=0,protection_type=0,pon_interfaces=1,slots=0,interface_types=1}");
     expect_show_refusals("capabilities-2", "CTC_STACK_get_onu_capabilities_2");
 }
 
 TEST_F(CtcCapabilities, LaterAbilities)
 {
-    expect_show("capabilities-3", "CTC_STACK_get_onu_capabilities_3",
-                "ipv6: supported \r\n"
-                "power_supply_control: tx \r\n"
-                "service_sla: 0 \r\n",
-                "{ipv6=1,power_supply_control=1,service_sla=0}");
+    expect_report("capabilities-3", "CTC_STACK_get_onu_capabilities_3",
+                  "ipv6: supported \r\n"
+                  "power_supply_control: tx \r\n"
+                  "service_sla: 0 \r\n",
+                  "{ipv6=1,power_supply_control=1,service_sla=0}");
     expect_show_refusals("capabilities-3", "CTC_STACK_get_onu_capabilities_3");
 }
 
@@ -95,7 +95,7 @@ ipv6 = false
 power_supply_control = "tx-rx"
 service_sla = 255
 )");
-    EXPECT_EQ(type("show ctc onu capabilities 3 5"), "OLT_id: 3 \r\nONU_id: 5 \r\n"
+    EXPECT_EQ(type("show ctc onu capabilities 0 5"), "OLT_id: 0 \r\nONU_id: 5 \r\n"
                                                      "ge_service: supported \r\n"
                                                      "fe_service: supported \r\n"
                                                      "voip_service: supported \r\n"
@@ -112,7 +112,7 @@ service_sla = 255
                                                      "downlink_queues_per_port: 4 \r\n"
                                                      "battery_backup: supported \r\n"
                                                      "fec: not-supported \r\n");
-    EXPECT_EQ(type("show ctc onu capabilities-2 3 5"), "OLT_id: 3 \r\nONU_id: 5 \r\n"
+    EXPECT_EQ(type("show ctc onu capabilities-2 0 5"), "OLT_id: 0 \r\nONU_id: 5 \r\n"
                                                        "onu_type: mdu-small-card \r\n"
                                                        "multi_llid: 8 \r\n"
                                                        "protection_type: type-d \r\n"
@@ -128,7 +128,7 @@ service_sla = 255
                                                        "interface_type: tdm \r\n"
                                                        "number_of_ports: 3 \r\n"
                                                        "battery_backup: supported \r\n");
-    EXPECT_EQ(type("show ctc onu capabilities-3 3 5"), "OLT_id: 3 \r\nONU_id: 5 \r\n"
+    EXPECT_EQ(type("show ctc onu capabilities-3 0 5"), "OLT_id: 0 \r\nONU_id: 5 \r\n"
                                                        "ipv6: not-supported \r\n"
                                                        "power_supply_control: tx-rx \r\n"
                                                        "service_sla: 255 \r\n");
@@ -138,21 +138,21 @@ TEST_F(CtcCapabilities, EveryKindHasItsWord)
 {
     for (const char* kind : {"sfu", "hgu", "sbu", "mdu-box", "mdu-small-card", "mdu-medium-card", "mtu"}) {
         load(std::string("type = \"") + kind + "\"\n");
-        EXPECT_NE(type("show ctc onu capabilities-2 3 5").find(std::string("onu_type: ") + kind + " \r\n"),
+        EXPECT_NE(type("show ctc onu capabilities-2 0 5").find(std::string("onu_type: ") + kind + " \r\n"),
                   std::string::npos);
     }
     load("protection = \"type-c\"\npower_supply_control = \"none\"\n");
-    EXPECT_NE(type("show ctc onu capabilities-2 3 5").find("protection_type: type-c \r\n"), std::string::npos);
-    EXPECT_NE(type("show ctc onu capabilities-3 3 5").find("power_supply_control: none \r\n"), std::string::npos);
+    EXPECT_NE(type("show ctc onu capabilities-2 0 5").find("protection_type: type-c \r\n"), std::string::npos);
+    EXPECT_NE(type("show ctc onu capabilities-3 0 5").find("power_supply_control: none \r\n"), std::string::npos);
 }
 
 TEST_F(CtcCapabilities, DefaultsFollowTheRate)
 {
     enter(ENABLE_NODE);
-    EXPECT_NE(type("show ctc onu capabilities 3 11").find("number_of_pots_ports: 2 \r\n"), std::string::npos);
-    EXPECT_NE(type("show ctc onu capabilities-2 3 11").find("onu_type: hgu \r\n"), std::string::npos);
-    EXPECT_NE(type("show ctc onu capabilities-2 3 10").find("onu_type: sbu \r\n"), std::string::npos);
-    EXPECT_NE(type("show ctc onu capabilities-2 3 10").find("number_of_pon_interfaces: 2 \r\n"), std::string::npos);
+    EXPECT_NE(type("show ctc onu capabilities 0 11").find("number_of_pots_ports: 2 \r\n"), std::string::npos);
+    EXPECT_NE(type("show ctc onu capabilities-2 0 11").find("onu_type: hgu \r\n"), std::string::npos);
+    EXPECT_NE(type("show ctc onu capabilities-2 0 10").find("onu_type: sbu \r\n"), std::string::npos);
+    EXPECT_NE(type("show ctc onu capabilities-2 0 10").find("number_of_pon_interfaces: 2 \r\n"), std::string::npos);
 }
 
 } // namespace

@@ -1,7 +1,46 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "ctc_fixture.h"
 
-#include <cstring>
+namespace {
+
+constexpr std::string_view ONUS = R"(
+name = "LAB"
+[clock]
+speed = 0
+[[olt]]
+id = 0
+mac = "00-0a-c4-00-00-01"
+[[olt.onu]]
+id = 5
+mac = "02-00-00-00-00-05"
+serial_number = "VNS0A000005"
+[[olt.onu]]
+id = 6
+mac = "02-00-00-00-00-06"
+extended_oam = "none"
+[[olt.onu]]
+id = 7
+mac = "02-00-00-00-00-07"
+extended_oam = "silent"
+[[olt.onu]]
+id = 9
+mac = "02-00-00-00-00-09"
+mode = "unauthorized"
+[[olt.onu]]
+id = 10
+mac = "02-00-00-00-00-0a"
+rate = "10g"
+[[olt.onu]]
+id = 11
+mac = "02-00-00-00-00-0b"
+rate = "10g/1g"
+[[olt]]
+id = 1
+mac = "00-0a-c4-00-00-02"
+present = false
+)";
+
+} // namespace
 
 Ctc::Ctc()
 {
@@ -10,41 +49,10 @@ Ctc::Ctc()
     journal();
 }
 
-void Ctc::enter_ctc_onu_by_mac(const char* mac)
+void Ctc::expect_report(const std::string& object, const std::string& operation, const std::string& report,
+                        const std::string& answer)
 {
-    enter(ONU_NODE, OLT);
-    session->onu_by_index = 0;
-    strcpy(session->onu_mac, mac);
-}
-
-void Ctc::expect_show(const std::string& object, const std::string& operation, const std::string& report,
-                      const std::string& answer)
-{
-    const std::string text = "OLT_id: 3 \r\nONU_id: 5 \r\n" + report;
-    const std::string call = operation + "(3, 5) = 0 -> " + answer;
-    const std::string question = "Mac_address_exist(3, 02-00-00-00-00-05) = 1 -> 5";
-    const std::string global = "show ctc onu " + object + " ";
-    for (const int node : {VIEW_NODE, ENABLE_NODE, CONFIG_NODE}) {
-        SCOPED_TRACE(node);
-        for (const char* target : {"3 5", "0x3 0x5"}) {
-            enter(node);
-            EXPECT_EQ(type(global + target), text);
-            EXPECT_EQ(result, 0);
-            EXPECT_EQ(journal(), Calls{call});
-        }
-        enter(node);
-        EXPECT_EQ(type(global + "3 onu-mac-address 02-00-00-00-00-05"), text);
-        EXPECT_EQ(result, 0);
-        EXPECT_EQ(journal(), (Calls{question, call}));
-    }
-    enter_ctc_onu(5);
-    EXPECT_EQ(type("show ctc " + object), text);
-    EXPECT_EQ(result, 0);
-    EXPECT_EQ(journal(), Calls{call});
-    enter_ctc_onu_by_mac("02-00-00-00-00-05");
-    EXPECT_EQ(type("show ctc " + object), text);
-    EXPECT_EQ(result, 0);
-    EXPECT_EQ(journal(), (Calls{question, call}));
+    expect_show(ctc_show(object), "OLT_id: 0 \r\nONU_id: 5 \r\n" + report, operation + "(0, 5) = 0 -> " + answer);
 }
 
 void Ctc::expect_show_refusals(const std::string& object, const char* operation)
@@ -53,70 +61,28 @@ void Ctc::expect_show_refusals(const std::string& object, const char* operation)
         const char* target;
         const char* text;
         int result;
+        size_t calls;
     };
-    const Case unasked[] = {
-        {"x 5", "Error reading OLT_id parameter for command from input, aborting\r\n", -1},
-        {"32768 5", "Error in range of OLT_id parameter for command from input min:-32767 max:32767, aborting\r\n", -1},
-        {"16 5", "Error, OLT id (16) is out of bounds. OLT range: 0 - 15\n", -4},
-        {"-1 5", "Error, OLT id (-1) is out of bounds. OLT range: 0 - 15\n", -4},
-        {"3 5x", "Error reading onu_index parameter for command from input, aborting\r\n", -1},
-        {"3 onu-mac-address 02-00-00-00-00",
-         "Error reading MAC address parameter from the MAC address string, "
-         "aborting\r\n",
+    const Case cases[] = {
+        {"x 5", "Error reading OLT_id parameter for command from input, aborting\r\n", -1, 0},
+        {"32768 5", "Error in range of OLT_id parameter for command from input min:-32767 max:32767, aborting\r\n", -1,
          0},
-        {"3 onu-mac-address 002-00-00-00-00-05", "Error reading mac_address has wrong length, aborting\r\n", -1},
+        {"16 5", "Error, OLT id (16) is out of bounds. OLT range: 0 - 15\n", -4, 0},
+        {"-1 5", "Error, OLT id (-1) is out of bounds. OLT range: 0 - 15\n", -4, 0},
+        {"0 5x", "Error reading onu_index parameter for command from input, aborting\r\n", -1, 0},
+        {"0 onu-mac-address 02-00-00-00-00",
+         "Error reading MAC address parameter from the MAC address string, aborting\r\n", 0, 0},
+        {"0 onu-mac-address 002-00-00-00-00-05", "Error reading mac_address has wrong length, aborting\r\n", -1, 0},
+        {"0 onu-mac-address 02-00-00-00-00-77", "There is no 02-00-00-00-00-77 mac address in the system\r\n", 0, 1},
+        {"1 5", NO_OLT, -17003, 1},
+        {"0 4095", NO_ONU, -17002, 1},
+        {"0 onu-mac-address ff-ff-ff-ff-ff-ff", NO_ONU, -17002, 1}, // not looked up
     };
-    const Case asked[] = {
-        {"4 5", NO_OLT, -17003}, {"3 4", NO_ONU, -17002},    {"3 6", NO_ONU, -17002},
-        {"3 8", NO_ONU, -17002}, {"3 4095", NO_ONU, -17002}, {"3 7", TIME_OUT, -2},
-        {"3 9", TIME_OUT, -2},   {"3 -1", NO_ONU, -17002},   {"3 onu-mac-address ff-ff-ff-ff-ff-ff", NO_ONU, -17002},
-    };
-    const std::string global = "show ctc onu " + object + " ";
-    for (const Case& test : unasked) {
+    for (const Case& test : cases) {
         enter(ENABLE_NODE);
-        EXPECT_EQ(type(global + test.target), test.text) << test.target;
+        EXPECT_EQ(type("show ctc onu " + object + " " + test.target), test.text) << test.target;
         EXPECT_EQ(result, test.result) << test.target;
-        EXPECT_EQ(journal(), Calls{});
+        EXPECT_EQ(journal().size(), test.calls) << test.target;
     }
-    for (const Case& test : asked) {
-        enter(ENABLE_NODE);
-        EXPECT_EQ(type(global + test.target), test.text) << test.target;
-        EXPECT_EQ(result, test.result) << test.target;
-        EXPECT_EQ(journal().size(), 1U) << test.target; // the broadcast address is not looked up
-    }
-    enter(ENABLE_NODE);
-    EXPECT_EQ(type(global + "3 onu-mac-address 02-00-00-00-00-77"),
-              "There is no 02-00-00-00-00-77 mac address in the system\r\n");
-    EXPECT_EQ(result, 0);
-    EXPECT_EQ(journal(), Calls{"Mac_address_exist(3, 02-00-00-00-00-77) = 0"});
-    expect_setting_refusals("show ctc " + object, operation);
-}
-
-void Ctc::expect_setting_refusals(const std::string& line, const char* operation)
-{
-    enter_ctc_onu_by_mac("02-00-00-00-00-77");
-    EXPECT_EQ(type(line), "There is no 02-00-00-00-00-77 mac address in the system\r\n");
-    EXPECT_EQ(result, 0);
-    enter_ctc_onu_by_mac("02-00");
-    EXPECT_EQ(type(line), "Error reading MAC address parameter from the MAC address string, aborting\r\n");
-    EXPECT_EQ(result, 0);
-    struct Failure {
-        int16_t olt_id, onu_id;
-        const char* text;
-        int16_t code;
-    };
-    for (const Failure& test : {Failure{ABSENT_OLT, 5, NO_OLT, -17003}, Failure{OLT, 6, NO_ONU, -17002},
-                                Failure{OLT, 8, NO_ONU, -17002}, Failure{OLT, 7, TIME_OUT, -2}}) {
-        enter_ctc_onu(test.onu_id, test.olt_id);
-        EXPECT_EQ(type(line), test.text) << line;
-        EXPECT_EQ(result, test.code);
-    }
-    enter_ctc_onu(5);
-    inject(operation, -17009);
-    EXPECT_EQ(type(line), ONU_BAD_PARAMETER);
-    EXPECT_EQ(result, -17009);
-    inject(operation, -17011);
-    EXPECT_EQ(type(line), UNKNOWN_CODE);
-    EXPECT_EQ(result, -17011);
-    journal();
+    expect_ctc_failures("show ctc " + object, operation);
 }

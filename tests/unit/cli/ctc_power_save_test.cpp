@@ -12,38 +12,38 @@ using CtcMultiLlid = Ctc;
 
 TEST_F(CtcPowerSave, Capabilities)
 {
-    expect_show("powersave_capabilities", "CTC_STACK_get_onu_power_save_capabilities",
-                "sleep_mode: tx \r\nearly_wakeup: disable \r\n", "{sleep=1,early_wakeup=0}");
+    expect_report("powersave_capabilities", "CTC_STACK_get_onu_power_save_capabilities",
+                  "sleep_mode: tx \r\nearly_wakeup: disable \r\n", "{sleep=1,early_wakeup=0}");
     expect_show_refusals("powersave_capabilities", "CTC_STACK_get_onu_power_save_capabilities");
     enter(ENABLE_NODE);
-    EXPECT_EQ(type("show ctc onu powersave_capabilities 3 10"),
-              "OLT_id: 3 \r\nONU_id: 10 \r\nsleep_mode: both \r\nearly_wakeup: enable \r\n");
+    EXPECT_EQ(type("show ctc onu powersave_capabilities 0 10"),
+              "OLT_id: 0 \r\nONU_id: 10 \r\nsleep_mode: both \r\nearly_wakeup: enable \r\n");
 }
 
 TEST_F(CtcPowerSave, Configuration)
 {
-    expect_show("powersave_config", "CTC_STACK_get_onu_power_save_config",
-                "early_wakeup: disable \r\nsleep_duration_max: 62500000 \r\n",
-                "{early_wakeup=0,sleep_duration_max=62500000}");
+    expect_report("powersave_config", "CTC_STACK_get_onu_power_save_config",
+                  "early_wakeup: disable \r\nsleep_duration_max: 62500000 \r\n",
+                  "{early_wakeup=0,sleep_duration_max=62500000}");
     expect_show_refusals("powersave_config", "CTC_STACK_get_onu_power_save_config");
-    enter_ctc_onu(10);
+    enter_onu(10);
     EXPECT_EQ(type("ctc power_save early_wakeup enable sleep_duration_max 0x10"), "");
     EXPECT_EQ(result, 0);
     EXPECT_EQ(journal(),
-              Calls{"CTC_STACK_set_onu_power_save_config(3, 10, {early_wakeup=1,sleep_duration_max=16}) = 0"});
+              Calls{"CTC_STACK_set_onu_power_save_config(0, 10, {early_wakeup=1,sleep_duration_max=16}) = 0"});
     EXPECT_EQ(type("show ctc powersave_config"),
-              "OLT_id: 3 \r\nONU_id: 10 \r\nearly_wakeup: enable \r\nsleep_duration_max: 16 \r\n");
+              "OLT_id: 0 \r\nONU_id: 10 \r\nearly_wakeup: enable \r\nsleep_duration_max: 16 \r\n");
     EXPECT_EQ(type("ctc power_save early_wakeup disable sleep_duration_max 62500000"), "");
     EXPECT_EQ(type("ctc power_save early_wakeup disable sleep_duration_max 62500001"), BAD_PARAMETER);
     EXPECT_EQ(result, -4);
-    enter_ctc_onu(5); // cannot wake early
+    enter_onu(5); // cannot wake early
     EXPECT_EQ(type("ctc power_save early_wakeup enable sleep_duration_max 1"), ONU_BAD_PARAMETER);
     EXPECT_EQ(result, -17009);
 }
 
 TEST_F(CtcPowerSave, ConfigurationRefusals)
 {
-    enter_ctc_onu(5);
+    enter_onu(5);
     const std::pair<const char*, const char*> numbers[] = {
         {"1x", "Error reading SLEEP_DURATION_MAX parameter for command from input, aborting\r\n"},
         {"-1", "Error reading negative value of SLEEP_DURATION_MAX parameter from input, aborting\r\n"},
@@ -59,13 +59,13 @@ TEST_F(CtcPowerSave, ConfigurationRefusals)
               "Error reading early_wakeup parameter (of the type enable_disable), aborting\r\n");
     EXPECT_EQ(result, -1);
     EXPECT_EQ(journal(), Calls{});
-    expect_setting_refusals("ctc power_save early_wakeup disable sleep_duration_max 1",
-                            "CTC_STACK_set_onu_power_save_config");
+    expect_ctc_failures("ctc power_save early_wakeup disable sleep_duration_max 1",
+                        "CTC_STACK_set_onu_power_save_config");
 }
 
 TEST_F(CtcPowerSave, SleepControl)
 {
-    enter_ctc_onu(10);
+    enter_onu(10);
     const std::pair<const char*, const char*> cases[] = {
         {"start-time 0x0 sleep-duration 0x0 wake-duration 0x0 flag leave mode none", "0, 0, 0, 0, 0"},
         {"start-time 0xffffffff sleep-duration 0x03B9ACA0 wake-duration 0x03b9aca0 flag enter mode tx",
@@ -75,7 +75,7 @@ TEST_F(CtcPowerSave, SleepControl)
     for (const auto& [words, arguments] : cases) {
         EXPECT_EQ(type(std::string("ctc sleep-control ") + words), "") << words;
         EXPECT_EQ(result, 0);
-        EXPECT_EQ(journal(), Calls{std::string("CTC_STACK_set_sleep_control(3, 10, ") + arguments + ") = 0"});
+        EXPECT_EQ(journal(), Calls{std::string("CTC_STACK_set_sleep_control(0, 10, ") + arguments + ") = 0"});
     }
     for (const char* words : {"start-time 0x100000000 sleep-duration 0x0 wake-duration 0x0 flag leave mode none",
                               "start-time 0x0 sleep-duration 0x03B9ACA1 wake-duration 0x0 flag leave mode none",
@@ -88,7 +88,7 @@ TEST_F(CtcPowerSave, SleepControl)
 TEST_F(CtcPowerSave, SleepFollowsWhatTheOnuCanAndDoes)
 {
     const std::string times = "ctc sleep-control start-time 0x0 sleep-duration 0x64 wake-duration 0x64 flag ";
-    enter_ctc_onu(5);                                             // its transmitter alone can sleep
+    enter_onu(5);                                                 // its transmitter alone can sleep
     EXPECT_EQ(type(times + "change mode tx"), ONU_BAD_PARAMETER); // it is awake
     EXPECT_EQ(type(times + "enter mode trx"), ONU_BAD_PARAMETER);
     EXPECT_EQ(type(times + "enter mode none"), ONU_BAD_PARAMETER);
@@ -104,7 +104,7 @@ TEST_F(CtcPowerSave, SleepFollowsWhatTheOnuCanAndDoes)
 
 TEST_F(CtcPowerSave, SleepControlRefusals)
 {
-    enter_ctc_onu(5);
+    enter_onu(5);
     const std::pair<std::vector<std::string>, const char*> cases[] = {
         {{"x", "0", "0", "leave", "none"}, "Error reading start_time parameter for command from input, aborting\r\n"},
         {{"-1", "0", "0", "leave", "none"},
@@ -124,33 +124,32 @@ TEST_F(CtcPowerSave, SleepControlRefusals)
         EXPECT_EQ(result, -1);
     }
     EXPECT_EQ(journal(), Calls{});
-    expect_setting_refusals(
-        "ctc sleep-control start-time 0x0 sleep-duration 0x0 wake-duration 0x0 flag leave mode none",
-        "CTC_STACK_set_sleep_control");
-    EXPECT_EQ(CTC_STACK_set_sleep_control(OLT, 5, 0, CTC_SLEEP_TIME_MAX + 1, 0, 0, 0), -4);
-    EXPECT_EQ(CTC_STACK_set_sleep_control(OLT, 5, 0, 0, 0, 3, 0), -4);
-    EXPECT_EQ(CTC_STACK_set_sleep_control(OLT, 5, 0, 0, 0, 0, 3), -4);
+    expect_ctc_failures("ctc sleep-control start-time 0x0 sleep-duration 0x0 wake-duration 0x0 flag leave mode none",
+                        "CTC_STACK_set_sleep_control");
+    EXPECT_EQ(CTC_STACK_set_sleep_control(0, 5, 0, CTC_SLEEP_TIME_MAX + 1, 0, 0, 0), -4);
+    EXPECT_EQ(CTC_STACK_set_sleep_control(0, 5, 0, 0, 0, 3, 0), -4);
+    EXPECT_EQ(CTC_STACK_set_sleep_control(0, 5, 0, 0, 0, 0, 3), -4);
 }
 
 TEST_F(CtcPowerSave, BroadcastReachesEveryOnuThatAnswers)
 {
     const CTC_power_save_config config = {0, {}, 7};
-    EXPECT_EQ(CTC_STACK_set_onu_power_save_config(OLT, 4095, &config), 0);
+    EXPECT_EQ(CTC_STACK_set_onu_power_save_config(0, 4095, &config), 0);
     enter(ENABLE_NODE);
     for (const char* onu : {"5", "10", "11"})
-        EXPECT_NE(type(std::string("show ctc onu powersave_config 3 ") + onu).find("sleep_duration_max: 7 \r\n"),
+        EXPECT_NE(type(std::string("show ctc onu powersave_config 0 ") + onu).find("sleep_duration_max: 7 \r\n"),
                   std::string::npos);
 }
 
 TEST_F(CtcMultiLlid, NumberOfLinks)
 {
-    enter_ctc_onu(10);
+    enter_onu(10);
     for (const char* number : {"0", "1", "8"}) {
         EXPECT_EQ(type(std::string("ctc multi-llid-admin-control num-of-llid-activated ") + number), "");
         EXPECT_EQ(result, 0);
-        EXPECT_EQ(journal(), Calls{std::string("CTC_STACK_set_multi_llid_admin_control(3, 10, ") + number + ") = 0"});
+        EXPECT_EQ(journal(), Calls{std::string("CTC_STACK_set_multi_llid_admin_control(0, 10, ") + number + ") = 0"});
     }
-    enter_ctc_onu(5); // can have one alone
+    enter_onu(5); // can have one alone
     EXPECT_EQ(type("ctc multi-llid-admin-control num-of-llid-activated 1"), "");
     EXPECT_EQ(type("ctc multi-llid-admin-control num-of-llid-activated 2"),
               "Command return error.\r\nONU returned no resources (error code : -17010)\r\n");
@@ -168,8 +167,8 @@ TEST_F(CtcMultiLlid, NumberOfLinks)
     EXPECT_EQ(journal(), Calls{});
     EXPECT_EQ(call(multi_llid_admin_control, {"9"}), BAD_PARAMETER);
     EXPECT_EQ(result, -4);
-    expect_setting_refusals("ctc multi-llid-admin-control num-of-llid-activated 1",
-                            "CTC_STACK_set_multi_llid_admin_control");
+    expect_ctc_failures("ctc multi-llid-admin-control num-of-llid-activated 1",
+                        "CTC_STACK_set_multi_llid_admin_control");
 }
 
 } // namespace

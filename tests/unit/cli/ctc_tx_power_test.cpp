@@ -11,7 +11,7 @@ class CtcTxPower : public Ctc {
     static bool is_registered(int16_t onu_id)
     {
         int32_t mode;
-        EXPECT_EQ(NEP_get_onu_mode(OLT, onu_id, &mode), 0);
+        EXPECT_EQ(NEP_get_onu_mode(0, onu_id, &mode), 0);
         return mode == ONU_MODE_REGISTERED;
     }
 
@@ -33,8 +33,8 @@ class CtcTxPower : public Ctc {
 
 TEST_F(CtcTxPower, WordsAndTheirValues)
 {
-    enter_ctc_onu(10); // which has two transmitters
-    const std::string call = "CTC_STACK_onu_tx_power_supply_control(3, 10, 02-00-00-00-00-0a, ";
+    enter_onu(10); // which has two transmitters
+    const std::string call = "CTC_STACK_onu_tx_power_supply_control(0, 10, 02-00-00-00-00-0a, ";
     const std::string mac = "02-00-00-00-00-0a";
     EXPECT_EQ(control("reenable", mac), "");
     EXPECT_EQ(result, 0);
@@ -52,16 +52,16 @@ TEST_F(CtcTxPower, WordsAndTheirValues)
 
 TEST_F(CtcTxPower, OltNodeSendsToAllOnus)
 {
-    enter(OLT_NODE, OLT);
+    enter(OLT_NODE);
     EXPECT_EQ(control_all("5"), "");
     EXPECT_EQ(result, 0);
-    EXPECT_EQ(journal(), Calls{"CTC_STACK_onu_tx_power_supply_control(3, 4095, 02-00-00-00-00-05, 0, 5, 1) = 0"});
+    EXPECT_EQ(journal(), Calls{"CTC_STACK_onu_tx_power_supply_control(0, 4095, 02-00-00-00-00-05, 0, 5, 1) = 0"});
     EXPECT_EQ(control_all("shutdown_permanent", "02-00-00-00-00-77", "both"), ""); // nobody is meant, nobody answers
-    EXPECT_EQ(journal(), Calls{"CTC_STACK_onu_tx_power_supply_control(3, 4095, 02-00-00-00-00-77, 2, 65535, 1) = 0"});
-    enter(OLT_NODE, ABSENT_OLT);
+    EXPECT_EQ(journal(), Calls{"CTC_STACK_onu_tx_power_supply_control(0, 4095, 02-00-00-00-00-77, 2, 65535, 1) = 0"});
+    enter(OLT_NODE, 1);
     EXPECT_EQ(control_all("reenable"), NO_OLT);
     EXPECT_EQ(result, -17003);
-    enter(OLT_NODE, OLT);
+    enter(OLT_NODE);
     inject("CTC_STACK_onu_tx_power_supply_control", -17001);
     EXPECT_EQ(control_all("reenable"), "Command return error.\r\nquery failed (error code : -17001)\r\n");
     EXPECT_EQ(result, -17001);
@@ -69,30 +69,30 @@ TEST_F(CtcTxPower, OltNodeSendsToAllOnus)
 
 TEST_F(CtcTxPower, OnuIsSilentForSomeSeconds)
 {
-    enter_ctc_onu(5);
+    enter_onu(5);
     EventLines events;
     EXPECT_EQ(control("30"), "");
     EXPECT_FALSE(is_registered(5));
-    EXPECT_EQ(events.after(0), "onu-deregistered: olt 3, onu 5, mac 02-00-00-00-00-05, reason mpcp-timeout \r\n");
+    EXPECT_EQ(events.after(0), "onu-deregistered: olt 0, onu 5, mac 02-00-00-00-00-05, reason mpcp-timeout \r\n");
     EXPECT_EQ(events.after(29999), "");
-    EXPECT_NE(events.after(1).find("onu-registered: olt 3, onu 5"), std::string::npos);
+    EXPECT_NE(events.after(1).find("onu-registered: olt 0, onu 5"), std::string::npos);
     EXPECT_TRUE(is_registered(5));
 }
 
 TEST_F(CtcTxPower, OnuIsSilentForGoodUntilItIsReenabled)
 {
-    enter_ctc_onu(5);
+    enter_onu(5);
     control("shutdown_permanent");
     sdk_sim::advance_clock(100 * 1000 * 1000);
     EXPECT_FALSE(is_registered(5));
     // A restart of the OLT does not help.
     enter(CONFIG_NODE);
-    type("no olt 3");
-    type("olt 3 00-0a-c4-00-00-03 image flash");
+    type("no olt 0");
+    type("olt 0 00-0a-c4-00-00-01 image flash");
     sdk_sim::advance_clock(20000);
     EXPECT_TRUE(is_registered(10));
     EXPECT_FALSE(is_registered(5));
-    enter(OLT_NODE, OLT);
+    enter(OLT_NODE);
     control_all("reenable");
     sdk_sim::advance_clock(1000);
     EXPECT_TRUE(is_registered(5));
@@ -100,11 +100,11 @@ TEST_F(CtcTxPower, OnuIsSilentForGoodUntilItIsReenabled)
 
 TEST_F(CtcTxPower, SilenceOutlastsARestartOfTheOlt)
 {
-    enter_ctc_onu(5);
+    enter_onu(5);
     control("60");
     enter(CONFIG_NODE);
-    type("no olt 3");
-    type("olt 3 00-0a-c4-00-00-03 image flash");
+    type("no olt 0");
+    type("olt 0 00-0a-c4-00-00-01 image flash");
     sdk_sim::advance_clock(59999);
     EXPECT_TRUE(is_registered(10));
     EXPECT_FALSE(is_registered(5));
@@ -114,7 +114,7 @@ TEST_F(CtcTxPower, SilenceOutlastsARestartOfTheOlt)
 
 TEST_F(CtcTxPower, LaterOrderCounts)
 {
-    enter(OLT_NODE, OLT);
+    enter(OLT_NODE);
     control_all("10");
     sdk_sim::advance_clock(5000);
     control_all("10");
@@ -130,7 +130,7 @@ TEST_F(CtcTxPower, LaterOrderCounts)
 
 TEST_F(CtcTxPower, OnlyTheOnuThatIsMeantObeys)
 {
-    enter_ctc_onu(5);
+    enter_onu(5);
     EXPECT_EQ(control("30", "02-00-00-00-00-0a"), ONU_BAD_PARAMETER);
     EXPECT_EQ(result, -17009);
     EXPECT_TRUE(is_registered(5));
@@ -142,10 +142,10 @@ TEST_F(CtcTxPower, OnlyTheOnuThatIsMeantObeys)
 
 TEST_F(CtcTxPower, StandbyTransmitter)
 {
-    enter_ctc_onu(5); // has none
+    enter_onu(5); // has none
     EXPECT_EQ(control("30", "02-00-00-00-00-05", "standby"), ONU_BAD_PARAMETER);
     EXPECT_EQ(result, -17009);
-    enter_ctc_onu(10);
+    enter_onu(10);
     EXPECT_EQ(control("30", "02-00-00-00-00-0a", "standby"), "");
     EXPECT_TRUE(is_registered(10));
     EXPECT_EQ(control("30", "02-00-00-00-00-0a", "both"), "");
@@ -157,8 +157,8 @@ TEST_F(CtcTxPower, OnuWithoutTheAbilityRefuses)
     std::string error;
     const std::string onus = R"(
 [[olt]]
-id = 3
-mac = "00-0a-c4-00-00-03"
+id = 0
+mac = "00-0a-c4-00-00-01"
 [[olt.onu]]
 id = 5
 mac = "02-00-00-00-00-05"
@@ -166,7 +166,7 @@ mac = "02-00-00-00-00-05"
 power_supply_control = "none"
 )";
     ASSERT_TRUE(sdk_sim::load_scenario_text(onus, "test", &error)) << error;
-    enter_ctc_onu(5);
+    enter_onu(5);
     EXPECT_EQ(control("30"), ONU_BAD_PARAMETER);
     EXPECT_EQ(control("30", "02-00-00-00-00-05", "active", "true"), "");
     EXPECT_TRUE(is_registered(5));
@@ -174,7 +174,7 @@ power_supply_control = "none"
 
 TEST_F(CtcTxPower, Refusals)
 {
-    enter_ctc_onu(5);
+    enter_onu(5);
     const std::string mac = "02-00-00-00-00-05";
     const std::pair<std::vector<std::string>, const char*> cases[] = {
         {{"x", mac, "active", "true"}, "Error reading action parameter for command from input, aborting\r\n"},
@@ -198,15 +198,15 @@ TEST_F(CtcTxPower, Refusals)
     EXPECT_EQ(journal(), Calls{});
     // A hexadecimal action, and one outside the words' range.
     EXPECT_EQ(call(onu_tx_power_supply_control, {"0xffff", mac, "active", "false"}), "");
-    EXPECT_EQ(journal(), Calls{"CTC_STACK_onu_tx_power_supply_control(3, 5, 02-00-00-00-00-05, 0, 65535, 0) = 0"});
-    expect_setting_refusals("ctc onu-tx-power-supply-control action 1 onu-sn 02-00-00-00-00-05 optical active "
-                            "broadcast false",
-                            "CTC_STACK_onu_tx_power_supply_control");
+    EXPECT_EQ(journal(), Calls{"CTC_STACK_onu_tx_power_supply_control(0, 5, 02-00-00-00-00-05, 0, 65535, 0) = 0"});
+    expect_ctc_failures("ctc onu-tx-power-supply-control action 1 onu-sn 02-00-00-00-00-05 optical active "
+                        "broadcast false",
+                        "CTC_STACK_onu_tx_power_supply_control");
     for (const int32_t optical : {-1, 3})
-        EXPECT_EQ(CTC_STACK_onu_tx_power_supply_control(OLT, 10, reinterpret_cast<const uint8_t*>("\2\0\0\0\0\12"),
+        EXPECT_EQ(CTC_STACK_onu_tx_power_supply_control(0, 10, reinterpret_cast<const uint8_t*>("\2\0\0\0\0\12"),
                                                         optical, 1, 0),
                   -4);
-    EXPECT_EQ(CTC_STACK_onu_tx_power_supply_control(OLT, 10, nullptr, 0, 1, 1), -4);
+    EXPECT_EQ(CTC_STACK_onu_tx_power_supply_control(0, 10, nullptr, 0, 1, 1), -4);
 }
 
 } // namespace
