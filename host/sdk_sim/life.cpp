@@ -22,7 +22,7 @@ void copy_mac(std::uint8_t out[6], const Mac& mac)
         out[i] = mac[i];
 }
 
-// False, with the event, when the OLT's lists keep the ONU out.
+// False, with the event, when the OLT does not admit the ONU.
 bool admit_onu(const Olt& olt, Onu& onu)
 {
     const Admission result = admission(olt, onu);
