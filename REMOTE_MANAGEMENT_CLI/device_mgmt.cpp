@@ -51,22 +51,12 @@ int remote_led_configuration(cmd_element*, vty* session, int, char** argv)
 
 int remote_reset_device(cmd_element*, vty* session, int, char** argv)
 {
-    OnuTarget onu;
-    int result;
-    int32_t reason;
-    if (!read_session_target(session, &onu, &result)) return result;
-    if (!read_word(session, argv[0], "reason", reset_reasons, &reason)) return -1;
-    return report_remote(session, REMOTE_NEPONU_reset_device(onu.olt_id, onu.onu_id, reason));
+    return set_remote_word(session, argv[0], "reason", reset_reasons, REMOTE_NEPONU_reset_device);
 }
 
 int remote_diagnostic_test(cmd_element*, vty* session, int, char** argv)
 {
-    OnuTarget onu;
-    int result;
-    int32_t test;
-    if (!read_session_target(session, &onu, &result)) return result;
-    if (!read_word(session, argv[0], "test", tests, &test)) return -1;
-    return report_remote(session, REMOTE_NEPONU_diagnostic_test(onu.olt_id, onu.onu_id, test));
+    return set_remote_word(session, argv[0], "test", tests, REMOTE_NEPONU_diagnostic_test);
 }
 
 int remote_extend_mtu_size(cmd_element*, vty* session, int, char** argv)
@@ -93,12 +83,7 @@ int show_remote_extend_mtu_size(cmd_element*, vty* session, int argc, char** arg
 
 int remote_reboot_counter(cmd_element*, vty* session, int, char** argv)
 {
-    OnuTarget onu;
-    int result;
-    uint16_t counter;
-    if (!read_session_target(session, &onu, &result)) return result;
-    if (!read_number(session, argv[0], reboot_counter, &counter)) return -1;
-    return report_remote(session, REMOTE_NEPONU_set_reboot_counter(onu.olt_id, onu.onu_id, counter));
+    return set_remote_number(session, argv[0], reboot_counter, REMOTE_NEPONU_set_reboot_counter);
 }
 
 int show_remote_reboot_counter(cmd_element*, vty* session, int argc, char** argv)

@@ -36,12 +36,7 @@ int show_remote_oam_vendor_information(cmd_element*, vty* session, int argc, cha
 
 int remote_oam_vendor_information(cmd_element*, vty* session, int, char** argv)
 {
-    OnuTarget onu;
-    int result;
-    uint32_t data;
-    if (!read_session_target(session, &onu, &result)) return result;
-    if (!read_number(session, argv[0], unsigned_32("data"), &data)) return -1;
-    return report_remote(session, REMOTE_NEPONU_set_oam_vendor_information(onu.olt_id, onu.onu_id, data));
+    return set_remote_number(session, argv[0], unsigned_32("data"), REMOTE_NEPONU_set_oam_vendor_information);
 }
 
 int show_remote_slow_protocol_limit(cmd_element*, vty* session, int argc, char** argv)
@@ -51,12 +46,7 @@ int show_remote_slow_protocol_limit(cmd_element*, vty* session, int argc, char**
 
 int remote_slow_protocol_limit(cmd_element*, vty* session, int, char** argv)
 {
-    OnuTarget onu;
-    int result;
-    uint8_t enable;
-    if (!read_session_target(session, &onu, &result)) return result;
-    if (!read_word(session, argv[0], "protocol", enable_disable, &enable)) return -1;
-    return report_remote(session, REMOTE_NEPONU_set_slow_protocol_limit(onu.olt_id, onu.onu_id, enable));
+    return set_remote_word(session, argv[0], "protocol", enable_disable, REMOTE_NEPONU_set_slow_protocol_limit);
 }
 
 int show_remote_oam_version(cmd_element*, vty* session, int argc, char** argv)
@@ -71,12 +61,7 @@ int show_remote_oam_dying_gasp_times(cmd_element*, vty* session, int argc, char*
 
 int remote_oam_dying_gasp_times(cmd_element*, vty* session, int, char** argv)
 {
-    OnuTarget onu;
-    int result;
-    uint32_t times;
-    if (!read_session_target(session, &onu, &result)) return result;
-    if (!read_number(session, argv[0], dying_gasp_times, &times)) return -1;
-    return report_remote(session, REMOTE_NEPONU_set_oam_dying_gasp_times(onu.olt_id, onu.onu_id, times));
+    return set_remote_number(session, argv[0], dying_gasp_times, REMOTE_NEPONU_set_oam_dying_gasp_times);
 }
 
 static constinit OnuShow show_remote_oam_frame_length_negotiation_cmd =

@@ -29,4 +29,29 @@ int show_remote(vty* session, int argc, char** argv, int16_t (*get)(int16_t olt_
     return show_remote_record(session, code, &record, fields);
 }
 
+// The whole of a command that sets one value on the session's ONU: a word of a table, or a number.
+template <class Value>
+int set_remote_word(vty* session, const char* text, const char* name, const WordTable& table,
+                    int16_t (*set)(int16_t olt_id, int16_t onu_id, Value value))
+{
+    OnuTarget onu;
+    int result;
+    Value value;
+    if (!read_session_target(session, &onu, &result)) return result;
+    if (!read_word(session, text, name, table, &value)) return -1;
+    return report_remote(session, set(onu.olt_id, onu.onu_id, value));
+}
+
+template <class Value>
+int set_remote_number(vty* session, const char* text, const NumberRule& rule,
+                      int16_t (*set)(int16_t olt_id, int16_t onu_id, Value value))
+{
+    OnuTarget onu;
+    int result;
+    Value value;
+    if (!read_session_target(session, &onu, &result)) return result;
+    if (!read_number(session, text, rule, &value)) return -1;
+    return report_remote(session, set(onu.olt_id, onu.onu_id, value));
+}
+
 } // namespace epon
