@@ -2,7 +2,7 @@
 // What an ONU tells of its services, its ports and its abilities.
 #include "host/sdk_sim/ctc_capabilities.h"
 
-#include "host/sdk_sim/onu_oam.h"
+#include "host/sdk_sim/ctc_operation.h"
 #include "host/sdk_sim/scenario_reader.h"
 
 namespace sdk_sim {
@@ -104,6 +104,11 @@ CTC_onu_capabilities_2 second_record(const OnuCapabilities& onu)
     return record;
 }
 
+CTC_onu_capabilities_3 third_record(const OnuCapabilities& onu)
+{
+    return {onu.ipv6, static_cast<std::uint8_t>(onu.power_supply_control), onu.service_sla, 0};
+}
+
 } // namespace
 
 OnuCapabilities default_capabilities(const Onu& onu)
@@ -153,29 +158,18 @@ using namespace sdk_sim;
 
 int16_t CTC_STACK_get_onu_capabilities(int16_t olt_id, int16_t onu_id, CTC_onu_capabilities* capabilities)
 {
-    return on_managed_onu(get_capabilities, &Onu::extended_oam, olt_id, onu_id, in(olt_id, onu_id), out(capabilities),
-                          [&](Network&, Olt&, Onu& onu) {
-                              *capabilities = first_record(onu.capabilities);
-                              return SUCCESS;
-                          });
+    const auto read = [](const Onu& onu, CTC_onu_capabilities& record) { record = first_record(onu.capabilities); };
+    return get_ctc(get_capabilities, olt_id, onu_id, read, capabilities);
 }
 
 int16_t CTC_STACK_get_onu_capabilities_2(int16_t olt_id, int16_t onu_id, CTC_onu_capabilities_2* capabilities)
 {
-    return on_managed_onu(get_capabilities_2, &Onu::extended_oam, olt_id, onu_id, in(olt_id, onu_id), out(capabilities),
-                          [&](Network&, Olt&, Onu& onu) {
-                              *capabilities = second_record(onu.capabilities);
-                              return SUCCESS;
-                          });
+    const auto read = [](const Onu& onu, CTC_onu_capabilities_2& record) { record = second_record(onu.capabilities); };
+    return get_ctc(get_capabilities_2, olt_id, onu_id, read, capabilities);
 }
 
 int16_t CTC_STACK_get_onu_capabilities_3(int16_t olt_id, int16_t onu_id, CTC_onu_capabilities_3* capabilities)
 {
-    return on_managed_onu(
-        get_capabilities_3, &Onu::extended_oam, olt_id, onu_id, in(olt_id, onu_id), out(capabilities),
-        [&](Network&, Olt&, Onu& onu) {
-            const OnuCapabilities& own = onu.capabilities;
-            *capabilities = {own.ipv6, static_cast<std::uint8_t>(own.power_supply_control), own.service_sla, 0};
-            return SUCCESS;
-        });
+    const auto read = [](const Onu& onu, CTC_onu_capabilities_3& record) { record = third_record(onu.capabilities); };
+    return get_ctc(get_capabilities_3, olt_id, onu_id, read, capabilities);
 }

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "host/sdk_sim/onu_oam.h"
+#include "host/sdk_sim/ctc_operation.h"
 #include "host/sdk_sim/scenario_reader.h"
 
 namespace sdk_sim {
@@ -119,28 +119,21 @@ using namespace sdk_sim;
 
 int16_t CTC_STACK_get_onu_serial_number(int16_t olt_id, int16_t onu_id, CTC_serial_number* serial_number)
 {
-    return on_managed_onu(get_serial_number, &Onu::extended_oam, olt_id, onu_id, in(olt_id, onu_id), out(serial_number),
-                          [&](Network&, Olt&, Onu& onu) {
-                              *serial_number = onu.identity.serial;
-                              std::copy(onu.mac.begin(), onu.mac.end(), serial_number->onu_id);
-                              return SUCCESS;
-                          });
+    const auto read = [](const Onu& onu, CTC_serial_number& record) {
+        record = onu.identity.serial;
+        std::copy(onu.mac.begin(), onu.mac.end(), record.onu_id);
+    };
+    return get_ctc(get_serial_number, olt_id, onu_id, read, serial_number);
 }
 
 int16_t CTC_STACK_get_firmware_version_extended(int16_t olt_id, int16_t onu_id, CTC_firmware_version* version)
 {
-    return on_managed_onu(get_firmware_version, &Onu::extended_oam, olt_id, onu_id, in(olt_id, onu_id), out(version),
-                          [&](Network&, Olt&, Onu& onu) {
-                              *version = onu.identity.firmware;
-                              return SUCCESS;
-                          });
+    const auto read = [](const Onu& onu, CTC_firmware_version& record) { record = onu.identity.firmware; };
+    return get_ctc(get_firmware_version, olt_id, onu_id, read, version);
 }
 
 int16_t CTC_STACK_get_chipset_id(int16_t olt_id, int16_t onu_id, CTC_chipset_id* chipset)
 {
-    return on_managed_onu(get_chipset_id, &Onu::extended_oam, olt_id, onu_id, in(olt_id, onu_id), out(chipset),
-                          [&](Network&, Olt&, Onu& onu) {
-                              *chipset = onu.identity.chipset;
-                              return SUCCESS;
-                          });
+    const auto read = [](const Onu& onu, CTC_chipset_id& record) { record = onu.identity.chipset; };
+    return get_ctc(get_chipset_id, olt_id, onu_id, read, chipset);
 }

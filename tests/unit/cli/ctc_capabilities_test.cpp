@@ -8,20 +8,9 @@ namespace {
 
 class CtcCapabilities : public Ctc {
   protected:
-    // OLT 0 with ONU 5 and these capabilities alone.
     void load(const std::string& capabilities)
     {
-        const std::string onus = R"(
-[[olt]]
-id = 0
-mac = "00-0a-c4-00-00-01"
-[[olt.onu]]
-id = 5
-mac = "02-00-00-00-00-05"
-[olt.onu.capabilities]
-)" + capabilities;
-        std::string error;
-        ASSERT_TRUE(sdk_sim::load_scenario_text(onus, "test", &error)) << error;
+        load_onu("[olt.onu.capabilities]\n" + capabilities);
         enter(ENABLE_NODE);
     }
 };

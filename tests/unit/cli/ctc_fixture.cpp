@@ -49,6 +49,22 @@ Ctc::Ctc()
     journal();
 }
 
+void Ctc::load_onu(const std::string& keys)
+{
+    const std::string network = R"(
+[clock]
+speed = 0
+[[olt]]
+id = 0
+mac = "00-0a-c4-00-00-01"
+[[olt.onu]]
+id = 5
+mac = "02-00-00-00-00-05"
+)" + keys;
+    std::string error;
+    ASSERT_TRUE(sdk_sim::load_scenario_text(network, "test", &error)) << error;
+}
+
 void Ctc::expect_report(const std::string& object, const std::string& operation, const std::string& report,
                         const std::string& answer)
 {

@@ -17,6 +17,9 @@ class Ctc : public ManagedOnus {
 
     Ctc();
 
+    // Puts a network of OLT 0 and ONU 5 alone in the place of this one. keys are further ones of the ONU.
+    void load_onu(const std::string& keys);
+
     // A show of ONU 5, in all its forms and nodes: the target, this report, and one call of the operation, whose line
     // in the journal ends with answer.
     void expect_report(const std::string& object, const std::string& operation, const std::string& report,

@@ -76,14 +76,7 @@ TEST_F(CtcIdentity, OltOutOfBoundsEndsWithABareLineFeed)
 
 TEST_F(CtcIdentity, TextsThatFillTheirRoomAndOctetsThatAreNoText)
 {
-    std::string error;
-    const std::string onus = R"(
-[[olt]]
-id = 0
-mac = "00-0a-c4-00-00-01"
-[[olt.onu]]
-id = 5
-mac = "02-00-00-00-00-05"
+    load_onu(R"(
 [olt.onu.identity]
 vendor_id = [0x1b, 0x63, 0xff, 0x25]
 model = 0x41007f7e
@@ -94,8 +87,7 @@ chipset_vendor = "\r\n"
 chipset_model = 0xffff
 chipset_revision = 255
 chipset_date = 991231
-)";
-    ASSERT_TRUE(sdk_sim::load_scenario_text(onus, "test", &error)) << error;
+)");
     enter(ENABLE_NODE);
     EXPECT_EQ(type("show ctc onu serial-number 0 5"), "OLT_id: 0 \r\nONU_id: 5 \r\n"
                                                       "vendor_id: ?c?% \r\n"

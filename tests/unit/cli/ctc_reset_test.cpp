@@ -40,21 +40,13 @@ TEST_F(CtcReset, Refusals)
 
 TEST_F(CtcReset, Cards)
 {
-    std::string error;
-    const std::string onus = R"(
-[[olt]]
-id = 0
-mac = "00-0a-c4-00-00-01"
-[[olt.onu]]
-id = 5
-mac = "02-00-00-00-00-05"
+    load_onu(R"(
 [olt.onu.capabilities]
 slots = 4
 [[olt.onu]]
 id = 6
 mac = "02-00-00-00-00-06"
-)";
-    ASSERT_TRUE(sdk_sim::load_scenario_text(onus, "test", &error)) << error;
+)");
     enter_onu(5);
     EventLines events;
     const std::pair<const char*, int> present[] = {{"0", 0}, {"1", 1}, {"4", 4}, {"all-cards", 63}};

@@ -154,18 +154,10 @@ TEST_F(CtcTxPower, StandbyTransmitter)
 
 TEST_F(CtcTxPower, OnuWithoutTheAbilityRefuses)
 {
-    std::string error;
-    const std::string onus = R"(
-[[olt]]
-id = 0
-mac = "00-0a-c4-00-00-01"
-[[olt.onu]]
-id = 5
-mac = "02-00-00-00-00-05"
+    load_onu(R"(
 [olt.onu.capabilities]
 power_supply_control = "none"
-)";
-    ASSERT_TRUE(sdk_sim::load_scenario_text(onus, "test", &error)) << error;
+)");
     enter_onu(5);
     EXPECT_EQ(control("30"), ONU_BAD_PARAMETER);
     EXPECT_EQ(control("30", "02-00-00-00-00-05", "active", "true"), "");

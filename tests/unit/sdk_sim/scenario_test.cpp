@@ -72,6 +72,12 @@ TEST_F(ScenarioTest, ErrorsNameTheLineAndWhatWasExpected)
         {ONU "mode = 201\n",
          "7: mode: expected one of \"unregistered\", \"registered\", \"discovered\", \"unauthorized\""},
         {ONU "rtt = 65535\n", "7: rtt: expected a number 0-65534"},
+        {ONU "loid = \"1234567890123456789012345\"\n", "7: loid: expected at most 24 octets"},
+        {ONU "[olt.onu.identity]\nvendor_id = \"12345\"\n", "8: vendor_id: expected at most 4 octets"},
+        {ONU "[olt.onu.identity]\nmodel = -1\n", "8: model: expected a number 0-4294967295"},
+        {ONU "[olt.onu.capabilities]\npon_interfaces = 3\n", "8: pon_interfaces: expected a number 1-2"},
+        {ONU "[olt.onu.capabilities]\nprotection = \"b\"\n",
+         "8: protection: expected one of \"none\", \"type-c\", \"type-d\""},
         {ONU "[[olt.onu]]\nid = 0\nmac = \"02-00-00-00-01-01\"\n",
          "8: id: expected an ONU that is not described twice, and 0 is"},
         {ONU "[[olt.onu]]\nid = 1\nmac = \"02-00-00-00-01-00\"\n",
@@ -215,9 +221,43 @@ TEST_F(ScenarioTest, DemoNetwork)
     EXPECT_EQ(take_events(), std::vector<std::string>{}) << "it is quiet";
 }
 
+TEST_F(ScenarioTest, DemoNamesWhatAnOnuIsByDefault)
+{
+    std::string error;
+    ASSERT_TRUE(sdk_sim::load_scenario_text(sdk_sim::demo_scenario(), "demo", &error)) << error;
+    CTC_onu_capabilities capabilities[2]; // ONU 0 has every key, ONU 1 none
+    CTC_onu_capabilities_2 capabilities_2[2];
+    CTC_onu_capabilities_3 capabilities_3[2];
+    CTC_power_save_capabilities power_save[2];
+    CTC_serial_number serial[2];
+    CTC_firmware_version firmware[2];
+    CTC_chipset_id chipset[2];
+    for (std::int16_t onu_id = 0; onu_id < 2; ++onu_id) {
+        ASSERT_EQ(CTC_STACK_get_onu_capabilities(0, onu_id, &capabilities[onu_id]), 0);
+        ASSERT_EQ(CTC_STACK_get_onu_capabilities_2(0, onu_id, &capabilities_2[onu_id]), 0);
+        ASSERT_EQ(CTC_STACK_get_onu_capabilities_3(0, onu_id, &capabilities_3[onu_id]), 0);
+        ASSERT_EQ(CTC_STACK_get_onu_power_save_capabilities(0, onu_id, &power_save[onu_id]), 0);
+        ASSERT_EQ(CTC_STACK_get_onu_serial_number(0, onu_id, &serial[onu_id]), 0);
+        ASSERT_EQ(CTC_STACK_get_firmware_version_extended(0, onu_id, &firmware[onu_id]), 0);
+        ASSERT_EQ(CTC_STACK_get_chipset_id(0, onu_id, &chipset[onu_id]), 0);
+    }
+    serial[1].onu_id[5] = 0; // the address is each ONU's own
+    EXPECT_EQ(std::memcmp(&capabilities[0], &capabilities[1], sizeof capabilities[0]), 0);
+    EXPECT_EQ(std::memcmp(&capabilities_2[0], &capabilities_2[1], sizeof capabilities_2[0]), 0);
+    EXPECT_EQ(std::memcmp(&capabilities_3[0], &capabilities_3[1], sizeof capabilities_3[0]), 0);
+    EXPECT_EQ(std::memcmp(&power_save[0], &power_save[1], sizeof power_save[0]), 0);
+    EXPECT_EQ(std::memcmp(serial[0].vendor_id, serial[1].vendor_id, CTC_VENDOR_ID_SIZE), 0);
+    EXPECT_EQ(serial[0].onu_model, serial[1].onu_model);
+    EXPECT_EQ(std::memcmp(serial[0].onu_id, serial[1].onu_id, sizeof serial[0].onu_id), 0);
+    EXPECT_EQ(std::memcmp(serial[0].hardware_version, serial[1].hardware_version, CTC_HARDWARE_VERSION_SIZE), 0);
+    EXPECT_EQ(std::memcmp(serial[0].software_version, serial[1].software_version, CTC_SOFTWARE_VERSION_SIZE), 0);
+    EXPECT_EQ(std::memcmp(&firmware[0], &firmware[1], sizeof firmware[0]), 0);
+    EXPECT_EQ(std::memcmp(&chipset[0], &chipset[1], sizeof chipset[0]), 0);
+}
+
 TEST_F(ScenarioTest, ScenariosOfTheProjectLoad)
 {
-    for (const char* name : {"demo", "small_lab", "hostile", "troubled", "full_chassis"}) {
+    for (const char* name : {"demo", "small_lab", "hostile", "troubled", "full_chassis", "subscribers"}) {
         std::string error;
         EXPECT_TRUE(sdk_sim::load_scenario_file(std::string(SCENARIOS) + "/" + name + ".toml", &error)) << error;
     }
