@@ -87,6 +87,8 @@ void add_login_options(CLI::App* app, engine::Options* options)
     app->add_option("--audit", options->audit,
                     "File that logins and commands are recorded in (RFC 5424); syslog: the "
                     "system's log");
+    for (const char* name : {"--password-file", "--users", "--enable-password-file", "--banner", "--audit"})
+        app->get_option(name)->type_name("FILE");
 }
 
 void add_limit_options(CLI::App* app, engine::Options* options)

@@ -28,11 +28,19 @@ void print_json(const Json& json)
     std::fflush(stdout);
 }
 
+// What "| json" says of a failure; empty for any other output.
+std::string message_of(const std::string& output)
+{
+    Json json = Json::parse(output, nullptr, false);
+    Json error = json.is_object() ? json.value("error", Json()) : Json();
+    return error.is_object() ? error.value("message", "") : "";
+}
+
 // Why a command failed, in one line: the last line that it printed, and the result if that says more.
 std::string reason_of(const Json& answer)
 {
     std::string output = answer.value("output", "");
-    std::string reason;
+    std::string reason = message_of(output);
     if (answer.value("truncated", false)) reason = "its output was too long and is not complete";
     if (reason.empty()) {
         std::size_t end = output.find_last_not_of(" \n");

@@ -205,6 +205,7 @@ Outcome run_filtered(Session& session, std::string_view line)
     if (matched) outcome = run_match(session);
     chain = std::move(session.filters);
     if (matched || chain->wishes.takes_errors) chain->end(matched ? outcome.result : -1);
+    outcome.told_failure = chain->told_failure;
     if (matched && chain->wishes.save) start_saving(session, std::move(*chain->wishes.save));
     return outcome;
 }

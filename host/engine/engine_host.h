@@ -106,6 +106,7 @@ struct Outcome {
     MatchStatus status;                   // Matched when a handler ran
     int result = 0;                       // what it returned
     const cmd_element* element = nullptr; // the command that ran
+    bool told_failure = false;            // in a line that went through filters
 };
 
 // A session in the view node whose output is kept; no prompt, no echo. The calling thread acts as console thread: no

@@ -146,7 +146,9 @@ std::unique_ptr<FilterChain> FilterChain::make(const std::vector<std::string_vie
 void FilterChain::line(std::string_view text)
 {
     if (text.ends_with('\r')) text.remove_suffix(1);
-    filters[0]->take({text, is_failure_line(text)});
+    bool failure = is_failure_line(text);
+    told_failure |= failure;
+    filters[0]->take({text, failure});
 }
 
 void FilterChain::write(std::string_view text)

@@ -75,6 +75,7 @@ class FilterChain {
     void write(std::string_view text);
     void end(int result);
     FilterWishes wishes;
+    bool told_failure = false; // in a line of the answer
 
   private:
     FilterChain() = default;

@@ -49,7 +49,8 @@ bool succeeded(const MachineMode& machine)
 {
     const Outcome& outcome = machine.outcome;
     bool executed = outcome.status == MatchStatus::Empty || outcome.status == MatchStatus::Matched;
-    return executed && outcome.result == 0 && !machine.truncated && !tells_failure(machine.output);
+    return executed && outcome.result == 0 && !outcome.told_failure && !machine.truncated &&
+           !tells_failure(machine.output);
 }
 
 // The lines with "\n" for their ends.

@@ -80,6 +80,7 @@ def test_values(shell):
     assert set(shell.candidates("epon-host", "--scenario", "")) == {"bench.toml", "more"}
     assert set(shell.candidates("epon-console", "--file", "")) == {"bench.toml", "notes.txt", "more"}
     assert set(shell.candidates("epon-console", "--socket", "")) == {"bench.toml", "notes.txt", "more"}
+    assert shell.complete("epon-host --users no") == "epon-host --users notes.txt"
     assert "127.0.0.1" in shell.candidates("epon-host", "--listen", "")
     for words in (("epon-host", "--port", ""), ("epon-console", "-c", ""), ("epon-console", "--node", "")):
         assert shell.candidates(*words) == [], words

@@ -124,6 +124,18 @@ TEST_F(MachineModeTest, APrintedRefusalIsAFailure)
     EXPECT_EQ(ask(client, "call")["ok"], false);
 }
 
+// Filters may put a refusal in other words.
+TEST_F(MachineModeTest, AFailureBehindAFilterIsOne)
+{
+    Client client;
+    start_enabled(client);
+    call_hook = [](vty* session) { print_to(session, "%% refused\r\n"); };
+    EXPECT_EQ(ask(client, "call | json")["ok"], false);
+    EXPECT_EQ(ask(client, "call | count")["ok"], false);
+    EXPECT_EQ(ask(client, "bla | json")["ok"], false);
+    EXPECT_EQ(ask(client, "say hi | json")["ok"], true);
+}
+
 TEST_F(MachineModeTest, EventsAreLinesOfTheirOwn)
 {
     Client client;
