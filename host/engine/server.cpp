@@ -135,17 +135,22 @@ void pause_accepting(Server& at)
     expect_deadline(at.accept_at);
 }
 
+void keep_spare(Server& at)
+{
+    at.spare = open("/dev/null", O_RDONLY | O_CLOEXEC);
+}
+
 int accept_one(Server& at, int listener)
 {
     int fd = accept4(listener, nullptr, nullptr, SOCK_NONBLOCK | SOCK_CLOEXEC);
-    if (fd >= 0) at.is_exhausted = false;
+    if (fd >= 0 && std::exchange(at.is_exhausted, false) && at.spare < 0) keep_spare(at);
     if (fd >= 0 || (errno != EMFILE && errno != ENFILE && errno != ENOBUFS && errno != ENOMEM)) return fd;
     // Without a descriptor the client cannot even be turned away, and would be reported for ever.
-    if (!std::exchange(at.is_exhausted, true)) log_line("out of descriptors: a client was turned away");
+    if (!std::exchange(at.is_exhausted, true)) log_line("out of descriptors: clients are turned away");
     if (at.spare >= 0) close(at.spare);
     fd = accept4(listener, nullptr, nullptr, SOCK_NONBLOCK | SOCK_CLOEXEC);
     if (fd >= 0) close(fd);
-    at.spare = open("/dev/null", O_RDONLY | O_CLOEXEC);
+    keep_spare(at);
     if (fd >= 0) {
         count(counters().sessions_refused);
         audit(Severity::Warning, "REFUSED", {{"reason", "out of descriptors"}});
@@ -354,7 +359,7 @@ void RBX_vty_serv_sock(const char* addr, unsigned short port, const char* path)
     }
     engine::set_loop_handlers({engine::accept_clients, engine::serve_session, engine::close_everything,
                                engine::take_results, engine::meet_deadlines});
-    if (at.spare < 0) at.spare = open("/dev/null", O_RDONLY | O_CLOEXEC);
+    if (at.spare < 0) engine::keep_spare(at);
     std::string address = addr != nullptr ? addr : at.options.listen_address;
     std::string local = !at.options.socket_path.empty() ? at.options.socket_path : path != nullptr ? path : "";
     engine::serve_tcp(at, address.empty() ? engine::USUAL_ADDRESS : address, port);

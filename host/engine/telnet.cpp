@@ -92,9 +92,12 @@ void Telnet::handle(const telnet_event_t& event)
         break;
     case TELNET_EV_SEND:
         answer.append(event.data.buffer, event.data.size);
+        answered += event.data.size;
+        if (answered > NEGOTIATION_LIMIT) broken = "telnet negotiation without end";
         break;
     case TELNET_EV_IAC:
         if (char key = editing_key(event.iac.cmd)) typed += key;
+        if (event.iac.cmd == TELNET_AYT) asked = true;
         break;
     case TELNET_EV_DO:
     case TELNET_EV_DONT:

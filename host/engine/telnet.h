@@ -14,6 +14,9 @@ namespace engine {
 
 // A client that sends a longer subnegotiation is disconnected.
 constexpr std::size_t SUBNEGOTIATION_LIMIT = 4096;
+// One that has made the console answer with so many bytes as well: all options of telnet, asked for and taken back,
+// take a third of it.
+constexpr std::size_t NEGOTIATION_LIMIT = 8192;
 
 class Telnet {
   public:
@@ -30,6 +33,7 @@ class Telnet {
     std::string typed;    // what the operator typed, since it was last cleared
     std::string answer;   // what goes to the client, since it was last cleared
     bool echo = false;    // the client asked for echo
+    bool asked = false;   // whether somebody is there ("are you there"), since it was last cleared
     unsigned columns = 0; // width of its window, 0 when it did not say
     unsigned rows = 0;    // and its height
     const char* fault() const
@@ -47,7 +51,8 @@ class Telnet {
     };
     std::unique_ptr<telnet_t, Free> state;
     const char* broken = nullptr;
-    std::size_t quiet = 0; // bytes taken since the last one that meant something: those of an open subnegotiation
+    std::size_t answered = 0; // bytes, in all
+    std::size_t quiet = 0;    // bytes taken since the last one that meant something: those of an open subnegotiation
 };
 
 // Doubles the bytes of a text that telnet would take for commands; appends to *out.

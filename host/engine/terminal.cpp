@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <cstring>
 #include <mutex>
+#include <utility>
 
 #include <sys/socket.h>
 #include <unistd.h>
@@ -275,6 +276,13 @@ void take_typed(Session& session, std::string_view bytes)
     }
 }
 
+// The answer to telnet's "are you there".
+void say_yes(Session& session)
+{
+    append_output(session, "\r\n[Yes]\r\n");
+    if (session.at_prompt) restore_line(session);
+}
+
 void take_telnet(Session& session, std::string_view bytes)
 {
     if (session.machine) { // no telnet any more
@@ -291,6 +299,7 @@ void take_telnet(Session& session, std::string_view bytes)
     telnet.answer.clear();
     adopt_screen_size(session);
     if (session.local) session.editor.set_echo(telnet.echo);
+    if (std::exchange(telnet.asked, false)) say_yes(session);
     if (!sound) cut_off(session, telnet.fault());
     if (unsent(session) > OUTPUT_LIMIT) cut_off(session, "it left too much output unread");
 }

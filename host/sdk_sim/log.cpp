@@ -98,7 +98,7 @@ bool set_log(const std::string& path, std::string* error)
     if (path == "-") {
         file = STDERR_FILENO;
     } else if (!path.empty()) {
-        file = open(path.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0644);
+        file = open(path.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0600);
         if (file < 0) {
             *error = path + ": " + std::strerror(errno);
             return false;

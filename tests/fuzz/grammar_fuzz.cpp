@@ -3,8 +3,6 @@
 // front of the grammar makes its help one line short; all others are typed.
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <deque>
 #include <string>
@@ -12,15 +10,9 @@
 #include <vector>
 
 #include "host/engine/command_tree.h"
+#include "tests/fuzz/require.h"
 
 namespace {
-
-void require(bool holds, const char* what)
-{
-    if (holds) return;
-    std::fprintf(stderr, "violated: %s\n", what);
-    std::abort();
-}
 
 struct Commands {
     std::deque<std::string> texts;

@@ -180,12 +180,13 @@ engine::Options with_password(const std::string& file)
     return options;
 }
 
-ConsoleServer::ConsoleServer(engine::Options options, const std::function<void(const std::string& path)>& before)
+ConsoleServer::ConsoleServer(engine::Options options, const std::function<void(const std::string& path)>& before,
+                             const std::string& socket_path)
 {
     install_test_nodes();
     char name[] = "/tmp/epon-engine-test-XXXXXX";
     folder = mkdtemp(name);
-    local_path = folder + "/console.sock";
+    local_path = socket_path.empty() ? folder + "/console.sock" : socket_path;
     if (before) before(local_path);
     options.host_name = "LAB";
     options.port = 0;
@@ -226,9 +227,19 @@ Client::~Client()
     disconnect();
 }
 
-void Client::connect_tcp(std::uint16_t port)
+void Client::make_tcp_socket()
 {
     fd = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+}
+
+void Client::connect_tcp(std::uint16_t port)
+{
+    make_tcp_socket();
+    connect_made(port);
+}
+
+void Client::connect_made(std::uint16_t port) const
+{
     sockaddr_in address{};
     address.sin_family = AF_INET;
     address.sin_port = htons(port);
@@ -304,6 +315,26 @@ std::string Client::rest()
 void Client::half_close() const
 {
     shutdown(fd, SHUT_WR);
+}
+
+void Client::reset()
+{
+    linger at_once{1, 0};
+    setsockopt(fd, SOL_SOCKET, SO_LINGER, &at_once, sizeof at_once);
+    disconnect();
+}
+
+void Client::send_urgent(char byte) const
+{
+    EXPECT_EQ(::send(fd, &byte, 1, MSG_OOB | MSG_NOSIGNAL), 1);
+}
+
+void Client::skip()
+{
+    char bytes[65536];
+    while (recv(fd, bytes, sizeof bytes, MSG_DONTWAIT) > 0) {
+    }
+    received.clear();
 }
 
 void Client::disconnect()

@@ -33,8 +33,10 @@ class ConsoleServer {
   public:
     // Options of its own replace name, port and socket. before is called with the path of the local socket, before it
     // is served.
+    // The path of the local socket is another one than the usual, when socket_path names one.
     explicit ConsoleServer(engine::Options options = {},
-                           const std::function<void(const std::string& path)>& before = {});
+                           const std::function<void(const std::string& path)>& before = {},
+                           const std::string& socket_path = "");
     ~ConsoleServer();
     std::uint16_t port() const
     {
@@ -60,6 +62,9 @@ class Client {
     Client& operator=(const Client&) = delete;
 
     void connect_tcp(std::uint16_t port);
+    // The same in two steps, for when no descriptor is left for the first one.
+    void make_tcp_socket();
+    void connect_made(std::uint16_t port) const;
     void connect_local(const std::string& path);
     void send(std::string_view bytes) const;
     // Reads until the text was seen, and returns everything up to its end, without telnet negotiation.
@@ -67,6 +72,11 @@ class Client {
     // Reads until the other side closes.
     std::string rest();
     void half_close() const;
+    // Ends the connection as a machine does that lost its power and came back.
+    void reset();
+    void send_urgent(char byte) const;
+    // Takes what is there, and throws it away.
+    void skip();
     void disconnect();
     // Makes both windows small, so that unread output piles up at the sender soon.
     void shrink_buffers() const;

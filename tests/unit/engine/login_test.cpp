@@ -256,7 +256,7 @@ TEST_F(LoginTest, TheConsoleServesOnWhilePasswordsAreChecked)
 
 TEST_F(LoginTest, AClientThatVanishesDuringTheCheckLeavesNothingBehind)
 {
-    serve();
+    serve([](engine::Options& options) { options.login_delay = 1ms; });
     for (int i = 0; i < 20; ++i) {
         Client client;
         client.connect_tcp(server->port());

@@ -275,7 +275,7 @@ TEST_F(ServerTest, TurnsClientsAwayWithoutDescriptors)
     setrlimit(RLIMIT_NOFILE, &usual);
     Client client;
     connect(client);
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), "epon: out of descriptors: a client was turned away\n");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "epon: out of descriptors: clients are turned away\n");
 }
 
 TEST_F(ServerTest, ShowsEventsAboveTheTypedLine)

@@ -1,0 +1,299 @@
+// SPDX-License-Identifier: Apache-2.0
+// What ends a session that should not go on: time, number, memory, descriptors.
+#include <algorithm>
+#include <atomic>
+#include <chrono>
+#include <fstream>
+#include <memory>
+#include <thread>
+#include <vector>
+
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/times.h>
+#include <unistd.h>
+
+#include "engine/engine_fixture.h"
+#include "engine/load_scale.h"
+#include "engine/passwords.h"
+#include "host/engine/session.h"
+
+using namespace std::chrono_literals;
+
+namespace {
+
+void enable(Client& client)
+{
+    client.until("LAB> ");
+    client.send("enable\r");
+    client.until("LAB# ");
+}
+
+std::unique_ptr<ConsoleServer> serve(const std::function<void(engine::Options& options)>& change)
+{
+    engine::Options options;
+    change(options);
+    return std::make_unique<ConsoleServer>(options);
+}
+
+} // namespace
+
+TEST(ExecTimeout, ClosesASessionInWhichNothingIsTyped)
+{
+    auto server = serve([](engine::Options& options) { options.exec_timeout = 300ms; });
+    Client idle, busy, silent;
+    idle.connect_tcp(server->port());
+    enable(idle);
+    silent.connect_tcp(server->port());
+    std::thread types([&] {
+        busy.connect_tcp(server->port());
+        enable(busy);
+        for (int i = 0; i < 40; ++i) {
+            busy.send("x\b");
+            std::this_thread::sleep_for(25ms);
+        }
+    });
+    std::thread negotiates([&] {
+        for (int i = 0; i < 40; ++i) {
+            silent.send("\xff\xf1"); // a program keeps the connection alive; nobody types
+            std::this_thread::sleep_for(10ms);
+        }
+    });
+    EXPECT_EQ(idle.rest(), "\r\n% Closed: nothing was typed for 0 seconds.\r\n");
+    EXPECT_TRUE(silent.rest().ends_with("% Closed: nothing was typed for 0 seconds.\r\n"));
+    types.join();
+    negotiates.join();
+    busy.send("say on\r");
+    busy.until("say on:1:on\r\nLAB# ");
+}
+
+TEST(ExecTimeout, IsSetAtTheConsole)
+{
+    auto server = serve([](engine::Options& options) { options.exec_timeout = 10min; });
+    Client client, other;
+    client.connect_tcp(server->port());
+    enable(client);
+    client.send("show exec-timeout\r");
+    EXPECT_EQ(client.until("LAB# "), "show exec-timeout\r\n10 minutes 0 seconds\r\nLAB# ");
+    client.send("configure terminal\rexec-timeout 0\rshow exec-timeout\r");
+    client.until("0 minutes 0 seconds (never)\r\nLAB(config)# ");
+    other.connect_tcp(server->port());
+    enable(other);
+    client.send("exec-timeout 0 1\r");
+    EXPECT_EQ(other.rest(), "\r\n% Closed: nothing was typed for 1 second.\r\n") << "open sessions follow";
+    EXPECT_TRUE(client.rest().ends_with("\r\n% Closed: nothing was typed for 1 second.\r\n"));
+}
+
+TEST(LoginGrace, EndsASlowLogin)
+{
+    PrivateFile users("ann:admin:" + hash_of("first") + "\n");
+    auto server = serve([&](engine::Options& options) {
+        options.users_file = users.path();
+        options.login_grace = 300ms;
+    });
+    Client slow, quick;
+    slow.connect_tcp(server->port());
+    quick.connect_tcp(server->port());
+    quick.until("Username: ");
+    quick.send("ann\rfirst\r");
+    quick.until("LAB> ");
+    std::thread types([&] {
+        for (char byte : std::string("annannannannannannannannannann")) {
+            slow.send({&byte, 1}); // a byte now and then keeps no login open
+            std::this_thread::sleep_for(20ms);
+        }
+    });
+    EXPECT_TRUE(slow.rest().ends_with("\r\n% Login took too long.\r\n"));
+    types.join();
+    quick.send("enable\rsay on\r");
+    quick.until("say on:1:on\r\nLAB# ");
+}
+
+TEST(MaxSessions, KeepsOnePlaceForTheLocalSocket)
+{
+    auto server = serve([](engine::Options& options) { options.max_sessions = 3; });
+    Client first, second, third, local, late;
+    first.connect_tcp(server->port());
+    first.until("LAB> ");
+    second.connect_tcp(server->port());
+    second.until("LAB> ");
+    third.connect_tcp(server->port());
+    EXPECT_EQ(third.rest(), "% Too many sessions.\r\n");
+    local.connect_local(server->socket_path());
+    local.until("LAB> ");
+    late.connect_local(server->socket_path());
+    EXPECT_EQ(late.rest(), "% Too many sessions.\r\n");
+    first.send("quit\r");
+    first.rest();
+    Client next;
+    next.connect_tcp(server->port());
+    next.until("LAB> ");
+}
+
+TEST(MaxSessions, WhoHasNotLoggedInMakesRoom)
+{
+    PrivateFile users("ann:admin:" + hash_of("first") + "\n");
+    auto server = serve([&](engine::Options& options) {
+        options.users_file = users.path();
+        options.max_sessions = 4;
+    });
+    Client ann;
+    ann.connect_tcp(server->port());
+    ann.send("ann\rfirst\r");
+    ann.until("LAB> ");
+    Client strangers[5];
+    for (Client& stranger : strangers) {
+        stranger.connect_tcp(server->port());
+        stranger.until("Username: ");
+    }
+    for (int i = 0; i < 3; ++i)
+        strangers[i].rest(); // the oldest went
+    Client bob;
+    bob.connect_tcp(server->port());
+    bob.until("Username: ");
+    bob.send("ann\rfirst\r");
+    bob.until("LAB> ");
+    ann.send("enable\rsay on\r");
+    ann.until("say on:1:on\r\nLAB# ");
+}
+
+// The process has no descriptor left, not even the one kept for turning clients away.
+TEST(Descriptors, WithoutAnyTheConsoleWaitsAndRecovers)
+{
+    ConsoleServer server;
+    testing::internal::CaptureStderr();
+    Client witness;
+    witness.connect_tcp(server.port());
+    enable(witness);
+    rlimit usual{};
+    ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &usual), 0);
+    // Below what is open: then closing the spare one makes no room, either.
+    rlimit none = usual;
+    none.rlim_cur = 3;
+    Client client;
+    client.make_tcp_socket();
+    ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &none), 0);
+    client.connect_made(server.port());
+    clock_t before = clock();
+    for (int i = 0; i < 30; ++i) {
+        witness.send("say on\r");
+        witness.until("say on:1:on\r\nLAB# ");
+        std::this_thread::sleep_for(10ms);
+    }
+    double busy = static_cast<double>(clock() - before) / CLOCKS_PER_SEC;
+    EXPECT_LT(busy, 0.2) << "waiting takes no processor time";
+    ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &usual), 0);
+    enable(client); // it was waiting all the time
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "epon: out of descriptors: clients are turned away\n");
+}
+
+TEST(LocalSocket, LiesInAFolderThatNobodyElseMayChange)
+{
+    std::string folder = "/tmp/epon-open-folder-" + std::to_string(getpid());
+    ASSERT_EQ(mkdir(folder.c_str(), 0777), 0);
+    ASSERT_EQ(chmod(folder.c_str(), 0777), 0);
+    testing::internal::CaptureStderr();
+    {
+        ConsoleServer server({}, {}, folder + "/console");
+        EXPECT_EQ(testing::internal::GetCapturedStderr(),
+                  "epon: cannot serve the local socket " + folder + "/console: others may change its folder\n");
+        EXPECT_NE(access((folder + "/console").c_str(), F_OK), 0);
+    }
+    rmdir(folder.c_str());
+}
+
+TEST(LocalSocket, AMissingFolderIsMadeForTheHostAlone)
+{
+    std::string folder = "/tmp/epon-new-folder-" + std::to_string(getpid());
+    {
+        ConsoleServer server({}, {}, folder + "/console");
+        struct stat status {};
+        ASSERT_EQ(stat(folder.c_str(), &status), 0);
+        EXPECT_EQ(status.st_mode & 07777U, 0700U);
+        Client client;
+        client.connect_local(folder + "/console");
+        client.until("LAB> ");
+    }
+    rmdir(folder.c_str());
+}
+
+namespace {
+
+std::size_t resident_bytes()
+{
+    std::ifstream file("/proc/self/statm");
+    std::size_t whole = 0, resident = 0;
+    file >> whole >> resident;
+    return resident * static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
+}
+
+} // namespace
+
+// 64 operators type, four threads of the SDK raise events, nothing is lost, and memory stays within its bound.
+TEST(Load, ManyOperatorsWhileEventsRain)
+{
+    constexpr int OPERATORS = 63;
+    constexpr int LINES = 20;
+    constexpr auto EVENT_PAUSE = 400us * LOAD_SCALE; // four threads: 10,000 a second
+    ConsoleServer server;
+    std::size_t before = resident_bytes();
+    std::atomic<bool> ends{false};
+    std::atomic<int> raised{0};
+    std::vector<std::thread> threads;
+    for (int i = 0; i < 4; ++i)
+        threads.emplace_back([&, i] {
+            auto next = std::chrono::steady_clock::now();
+            while (!ends) {
+                print_event("event of thread " + std::to_string(i));
+                ++raised;
+                next = std::max(next + EVENT_PAUSE, std::chrono::steady_clock::now()); // a slow machine raises fewer
+                std::this_thread::sleep_until(next);
+            }
+        });
+    std::vector<std::unique_ptr<Client>> operators;
+    for (int i = 0; i <= OPERATORS; ++i) {
+        operators.push_back(std::make_unique<Client>());
+        if (i < OPERATORS)
+            operators[static_cast<std::size_t>(i)]->connect_tcp(server.port());
+        else
+            operators[static_cast<std::size_t>(i)]->connect_local(server.socket_path());
+    }
+    for (auto& one : operators)
+        one->send("enable\rnotify\r");
+    for (int line = 0; line < LINES; ++line) {
+        for (auto& one : operators)
+            one->send("say " + std::to_string(line) + "\r");
+        for (auto& one : operators)
+            one->until("say " + std::to_string(line) + ":1:" + std::to_string(line) + "\r\n");
+    }
+    ends = true;
+    for (std::thread& one : threads)
+        one.join();
+    EXPECT_GT(raised, 100);
+    // A sanitizer keeps what was freed.
+    EXPECT_LT(resident_bytes(), before + (64U * engine::SESSION_MEMORY_USUAL + 16U * 1024 * 1024) * LOAD_SCALE);
+}
+
+// Everybody asks for more than he reads.
+TEST(Load, MemoryOfSessionsThatReadNothingIsBounded)
+{
+    constexpr std::size_t LAZY = 16;
+    ConsoleServer server;
+    Client witness;
+    witness.connect_tcp(server.port());
+    enable(witness);
+    std::size_t before = resident_bytes();
+    std::vector<std::unique_ptr<Client>> clients;
+    for (std::size_t i = 0; i < LAZY; ++i) {
+        clients.push_back(std::make_unique<Client>());
+        clients.back()->connect_tcp(server.port());
+        clients.back()->shrink_buffers();
+        clients.back()->send("enable\rprint 75000\r" + std::string(60000, 'x'));
+    }
+    witness.send("say on\r");
+    witness.until("say on:1:on\r\nLAB# ");
+    std::size_t held = resident_bytes() - before;
+    EXPECT_GT(held, 1024U * 1024U) << "they do hold something";
+    EXPECT_LT(held, LAZY * engine::SESSION_MEMORY_LIMIT * LOAD_SCALE);
+}
