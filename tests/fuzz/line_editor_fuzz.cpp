@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// Keys in any order. The first two bytes of the input choose the terminal; the rest is typed, once in one piece and once
-// byte by byte: both give the same lines and the same screen text.
+// Keys in any order. The first two bytes of the input choose the terminal; the rest is typed, once in one piece and
+// once byte by byte: both give the same lines and the same screen text.
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -32,7 +33,7 @@ void check(const engine::LineEditor& editor)
     require(line.size() <= engine::LINE_LIMIT, "the line is bounded");
     require(editor.cursor() == line.size() || !is_continuation(line[editor.cursor()]), "between two characters");
     for (char byte : line)
-        require(static_cast<unsigned char>(byte) >= 0x20 && byte != 0x7f, "the line is text");
+        require((static_cast<unsigned char>(byte) >= 0x20 || byte == '\t') && byte != 0x7f, "the line is text");
     require(editor.history().size() <= engine::HISTORY_LINES, "the history is bounded");
 }
 
@@ -62,7 +63,8 @@ Typed type(std::string_view keys, std::size_t piece, const engine::LineEditor::M
         check(editor);
         check_echo(echo);
         if (action == engine::LineEditor::Action::None) continue;
-        typed.events.push_back(std::to_string(static_cast<int>(action)) + (editor.refused() ? "!" : "") + editor.line());
+        typed.events.push_back(std::to_string(static_cast<int>(action)) + (editor.refused() ? "!" : "") +
+                               editor.line());
         echo.clear();
         if (action == engine::LineEditor::Action::Line || action == engine::LineEditor::Action::Interrupt) {
             if (action == engine::LineEditor::Action::Line && !editor.refused() && !editor.too_long() && !mode.secret)

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// Whatever a client sends, from the bytes on the wire down to the simulated SDK. The first byte of the input chooses how
-// the client comes (telnet or local socket) and how far it has gone before; the rest is sent, then the sending side is
-// closed. The session must come to its end, and what it sent must be well-formed.
+// Whatever a client sends, from the bytes on the wire down to the simulated SDK. The first byte of the input chooses
+// how the client comes (telnet or local socket) and how far it has gone before; the rest is sent, then the sending side
+// is closed. The session must come to its end, and what it sent must be well-formed.
 #include <cstddef>
 #include <cstdint>
 #include <string>
