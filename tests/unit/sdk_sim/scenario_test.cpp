@@ -72,6 +72,15 @@ TEST_F(ScenarioTest, ErrorsNameTheLineAndWhatWasExpected)
         {ONU "mode = 201\n",
          "7: mode: expected one of \"unregistered\", \"registered\", \"discovered\", \"unauthorized\""},
         {ONU "rtt = 65535\n", "7: rtt: expected a number 0-65534"},
+        {ONU "device = 5\n", "7: device: expected a table"},
+        {ONU "[olt.onu.device]\noam_frame_length = 63\n", "8: oam_frame_length: expected a number 64-1518"},
+        {ONU "[olt.onu.device]\noam_frame_length = 1519\n", "8: oam_frame_length: expected a number 64-1518"},
+        {ONU "[olt.onu.device]\nreboot_counter = 16\n", "8: reboot_counter: expected a number 0-15"},
+        {ONU "[olt.onu.device]\nframes_per_second = -1\n", "8: frames_per_second: expected a number 0-10000000"},
+        {ONU "[olt.onu.device]\nos = 1\n",
+         "8: unknown key \"os\"; expected one of adc_channel_0, adc_channel_1, firmware_version, frames_per_second, "
+         "hardware_major, hardware_minor, mld_version, oam_frame_length, oam_version, os_type, os_version, "
+         "reboot_counter, uni_loopback_fails"},
         {ONU "loid = \"1234567890123456789012345\"\n", "7: loid: expected at most 24 octets"},
         {ONU "[olt.onu.identity]\nvendor_id = \"12345\"\n", "8: vendor_id: expected at most 4 octets"},
         {ONU "[olt.onu.identity]\nmodel = -1\n", "8: model: expected a number 0-4294967295"},
