@@ -147,6 +147,14 @@ const char* word_of(const WordTable& table, int32_t value)
     return "Invalid value";
 }
 
+bool read_encryption_key(vty* session, const char* text, uint8_t key[16])
+{
+    if (CLI_convert_encryption_string_to_ascii_array(text, key) == 0) return true;
+    RBX_vty_out(session, "Error reading ENCRYPTION_KEY parameter for command from input, aborting%s",
+                VTY_NEWLINE(session));
+    return false;
+}
+
 bool read_olt_id(vty* session, const char* text, int16_t* olt_id)
 {
     return read_number(session, text, signed_16("OLT_id"), olt_id);

@@ -111,6 +111,11 @@ const char* word_of(const WordTable& table, int32_t value);
 // The one word of a text, copied. False with its line when there is none, or when it has size characters or more.
 bool read_text(vty* session, const char* text, const char* name, char* copy, size_t size);
 
+// --- Keys --------------------------------------------------------------------------------------------------------
+
+// An encryption key of 128 bits, 32 hexadecimal digits; what follows them is not looked at.
+bool read_encryption_key(vty* session, const char* text, uint8_t key[16]);
+
 // --- Targets and addresses ---------------------------------------------------------------------------------------
 
 // An OLT index. Whether that OLT exists is left to the SDK.

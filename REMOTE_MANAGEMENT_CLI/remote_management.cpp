@@ -8,12 +8,17 @@
 #include "REMOTE_MANAGEMENT_CLI/alarm_configuration.h"
 #include "REMOTE_MANAGEMENT_CLI/device_information.h"
 #include "REMOTE_MANAGEMENT_CLI/device_mgmt.h"
+#include "REMOTE_MANAGEMENT_CLI/encryption.h"
+#include "REMOTE_MANAGEMENT_CLI/fec.h"
+#include "REMOTE_MANAGEMENT_CLI/frame_processing.h"
 #include "REMOTE_MANAGEMENT_CLI/mp_application.h"
+#include "REMOTE_MANAGEMENT_CLI/mpcp.h"
 #include "REMOTE_MANAGEMENT_CLI/oam_api.h"
 #include "REMOTE_MANAGEMENT_CLI/oam_statistics.h"
 #include "REMOTE_MANAGEMENT_CLI/periph.h"
 #include "REMOTE_MANAGEMENT_CLI/rstp_ldp.h"
 #include "REMOTE_MANAGEMENT_CLI/send_file_to_onu.h"
+#include "REMOTE_MANAGEMENT_CLI/uni_mac.h"
 
 namespace {
 
@@ -58,6 +63,11 @@ void REMOTE_MANAGEMENT_CLI_cmd_init()
     epon::install_oam_api();
     epon::install_oam_statistics();
     epon::install_periph();
+    epon::install_remote_encryption();
+    epon::install_remote_fec();
+    epon::install_remote_mpcp();
+    epon::install_remote_uni_mac();
+    epon::install_remote_frame_processing();
     epon::install_rstp_ldp();
     epon::install_send_file_to_onu();
 }

@@ -11,7 +11,7 @@ namespace {
 
 constexpr Field mode_fields[] = {{"mode", FieldFormat::Uint8Word, 0, &enable_disable_capital}};
 
-constexpr NumberRule port_number_rule = unsigned_range("port_number", 0, 255);
+constexpr NumberRule port_number = unsigned_range("port_number", 0, 255);
 
 } // namespace
 
@@ -22,22 +22,12 @@ int show_remote_rstp_ldp_mode(cmd_element*, vty* session, int argc, char** argv)
 
 int remote_rstp_ldp_mode(cmd_element*, vty* session, int, char** argv)
 {
-    OnuTarget onu;
-    int result;
-    uint8_t mode;
-    if (!read_session_target(session, &onu, &result)) return result;
-    if (!read_word(session, argv[0], "mode", enable_disable, &mode)) return -1;
-    return report_remote(session, REMOTE_NEPONU_rstp_ldp_set_mode(onu.olt_id, onu.onu_id, mode));
+    return set_remote_word(session, argv[0], "mode", enable_disable, REMOTE_NEPONU_rstp_ldp_set_mode);
 }
 
 int remote_rstp_ldp_resolve_loop(cmd_element*, vty* session, int, char** argv)
 {
-    OnuTarget onu;
-    int result;
-    uint8_t port_number;
-    if (!read_session_target(session, &onu, &result)) return result;
-    if (!read_number(session, argv[0], port_number_rule, &port_number)) return -1;
-    return report_remote(session, REMOTE_NEPONU_rstp_ldp_resolve_loop(onu.olt_id, onu.onu_id, port_number));
+    return set_remote_number(session, argv[0], port_number, REMOTE_NEPONU_rstp_ldp_resolve_loop);
 }
 
 static constinit OnuShow show_remote_rstp_ldp_mode_cmd =

@@ -26,11 +26,7 @@ int start_encryption(cmd_element*, vty* session, int, char** argv)
 int update_encryption(cmd_element*, vty* session, int, char** argv)
 {
     uint8_t key[LLID_ENCRYPTION_KEY_SIZE];
-    if (CLI_convert_encryption_string_to_ascii_array(argv[0], key) != 0) {
-        RBX_vty_out(session, "Error reading ENCRYPTION_KEY parameter for command from input, aborting%s",
-                    VTY_NEWLINE(session));
-        return -1;
-    }
+    if (!read_encryption_key(session, argv[0], key)) return -1;
     return report(session, NEP_update_encryption_key(session->olt_id, session->llid, key));
 }
 

@@ -45,12 +45,17 @@
 #include "host/sdk_sim/pon_transmission.h"
 #include "host/sdk_sim/remote_alarms.h"
 #include "host/sdk_sim/remote_device_mgmt.h"
+#include "host/sdk_sim/remote_encryption.h"
+#include "host/sdk_sim/remote_fec.h"
+#include "host/sdk_sim/remote_frame_processing.h"
 #include "host/sdk_sim/remote_mp_application.h"
+#include "host/sdk_sim/remote_mpcp.h"
 #include "host/sdk_sim/remote_oam_api.h"
 #include "host/sdk_sim/remote_oam_statistics.h"
 #include "host/sdk_sim/remote_periph.h"
 #include "host/sdk_sim/remote_rstp_ldp.h"
 #include "host/sdk_sim/remote_send_file.h"
+#include "host/sdk_sim/remote_uni_mac.h"
 #include "host/sdk_sim/self_test.h"
 #include "host/sdk_sim/send_frame.h"
 #include "host/sdk_sim/simple_operation.h"
@@ -97,6 +102,11 @@ struct OnuConfiguration {
     MldApplication mld;
     FileTransfer file_transfer;
     RstpLdp rstp_ldp;
+    RemoteEncryption remote_encryption;
+    RemoteFec remote_fec;
+    RemoteMpcp remote_mpcp;
+    UniPort uni_port;
+    FrameProcessing frame_processing;
 };
 
 struct Onu {
@@ -119,6 +129,7 @@ struct Onu {
     OnuTransmitters transmitters;
     OnuImage image;
     OnuDevice device;
+    UniPartner uni_partner;
     std::set<std::uint8_t> looped_ports; // user ports that somebody has connected with each other
     OnuConfiguration configuration, initial_configuration;
 };

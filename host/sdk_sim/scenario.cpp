@@ -89,6 +89,8 @@ Onu read_onu(ScenarioReader& reader)
     reader.word("extended_oam", answer_words, &onu.extended_oam);
     reader.word("remote_management", answer_words, &onu.remote_management);
     read_table(reader, "device", read_onu_device, &onu.device);
+    read_table(reader, "uni_partner", read_uni_partner, &onu.uni_partner);
+    read_table(reader, "reports", read_reports, &onu.configuration.frame_processing);
     reader.text("name", ONU_TEXT_LENGTH, &onu.name);
     reader.text("serial_number", ONU_TEXT_LENGTH, &onu.serial_number);
     onu.identity = default_identity(onu);

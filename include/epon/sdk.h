@@ -48,12 +48,17 @@
 #include <epon/sdk/post_mortem.h>
 #include <epon/sdk/remote_alarms.h>
 #include <epon/sdk/remote_device_mgmt.h>
+#include <epon/sdk/remote_encryption.h>
+#include <epon/sdk/remote_fec.h>
+#include <epon/sdk/remote_frame_processing.h>
 #include <epon/sdk/remote_mp_application.h>
+#include <epon/sdk/remote_mpcp.h>
 #include <epon/sdk/remote_oam_api.h>
 #include <epon/sdk/remote_oam_statistics.h>
 #include <epon/sdk/remote_periph.h>
 #include <epon/sdk/remote_rstp_ldp.h>
 #include <epon/sdk/remote_send_file.h>
+#include <epon/sdk/remote_uni_mac.h>
 #include <epon/sdk/self_test.h>
 #include <epon/sdk/send_frame.h>
 #include <epon/sdk/simple_operation.h>
