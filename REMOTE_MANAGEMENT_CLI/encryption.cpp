@@ -164,10 +164,12 @@ static constinit cmd_element remote_encryption_state_cmd =
             "downlink: what the OLT sends; uplink-and-downlink: both directions; off: none\n");
 
 static constinit OnuShow show_remote_encryption_key_cmd =
-    remote_show<"mac encryption-key", "The ONU's end of its link\n"
-                                      "One of its two encryption keys\n",
-                "index <0-1>", "Which key\n"
-                               "Number of the key, 0-1\n">(show_remote_encryption_key);
+    remote_show<"mac encryption-key",
+                "The ONU's end of its link\n"
+                "One of its two encryption keys\n",
+                "index <0-1>",
+                "Which key\n"
+                "Number of the key, 0-1\n">(show_remote_encryption_key);
 
 static constinit cmd_element remote_encryption_key_cmd =
     command("remote mac encryption-key index <0-1> key ENCRYPTION_KEY", remote_encryption_key,

@@ -52,18 +52,18 @@ static constinit OnuShow show_remote_fec_configuration_cmd =
                                          "Forward error correction, in each direction\n">(
         show_remote_fec_configuration);
 
-static constinit cmd_element remote_fec_configuration_cmd = command(
-    "remote mac fec-configuration fec-rx-auto (disable|enable) fec-rx (disable|enable) fec-tx (disable|enable)",
-    remote_fec_configuration,
-    "Remote management: the ONU is asked by OAM\n"
-    "The ONU's end of its link\n"
-    "Forward error correction, in each direction\n"
-    "Whether the ONU finds out by itself if what it receives can be corrected\n"
-    "disable: it does as the next word says; enable: it finds out\n"
-    "What the ONU receives\n"
-    "disable: it is not corrected; enable: it is\n"
-    "What the ONU sends\n"
-    "disable: it cannot be corrected; enable: it can\n");
+static constinit cmd_element remote_fec_configuration_cmd =
+    command("remote mac fec-configuration fec-rx-auto (disable|enable) fec-rx (disable|enable) fec-tx (disable|enable)",
+            remote_fec_configuration,
+            "Remote management: the ONU is asked by OAM\n"
+            "The ONU's end of its link\n"
+            "Forward error correction, in each direction\n"
+            "Whether the ONU finds out by itself if what it receives can be corrected\n"
+            "disable: it does as the next word says; enable: it finds out\n"
+            "What the ONU receives\n"
+            "disable: it is not corrected; enable: it is\n"
+            "What the ONU sends\n"
+            "disable: it cannot be corrected; enable: it can\n");
 
 namespace epon {
 

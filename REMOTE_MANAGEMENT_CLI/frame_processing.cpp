@@ -76,9 +76,9 @@ static constinit OnuShow show_remote_threshold_reporter_configuration_cmd =
         show_remote_threshold_reporter_configuration);
 
 static constinit OnuShow show_remote_lag_hash_key_cmd =
-    remote_show<"frame-processing lag-hash-key",
-                "What the ONU does with frames\n"
-                "What of a frame chooses the physical link of an aggregated one\n">(show_remote_lag_hash_key);
+    remote_show<"frame-processing lag-hash-key", "What the ONU does with frames\n"
+                                                 "What of a frame chooses the physical link of an aggregated one\n">(
+        show_remote_lag_hash_key);
 
 static constinit cmd_element remote_lag_hash_key_cmd =
     command("remote frame-processing lag-hash-key vlan-id-key VLAN_ID_KEY vlan-pri-key VLAN_PRI_KEY mac-sa-key "

@@ -48,34 +48,7 @@ constexpr WordTable capabilities = {"advertise", advertise_words, room_for(adver
 constexpr Word port_type_words[] = {{"single", REMOTE_UNI_SINGLE_PORT}, {"multi", REMOTE_UNI_MULTI_PORT}};
 constexpr WordTable port_types = {"advertise_port_type", port_type_words, room_for(port_type_words)};
 
-// One keyword of the command, in the order of the grammar, which is that of the record and of its listing.
-struct Setting {
-    const char* name;
-    const WordTable* words;
-    uint8_t Configuration::*member;
-};
-
-constexpr Setting settings[] = {
-    {"mac_type", &mac_types, &Configuration::mac_type},
-    {"mii_rate", &rates, &Configuration::mii_rate},
-    {"duplex", &duplexes, &Configuration::duplex},
-    {"gmii_master_mode", &masters, &Configuration::gmii_master_mode},
-    {"auto_negotiate", &negotiations, &Configuration::auto_negotiate},
-    {"mode", &masters, &Configuration::mode},
-    {"advertise", &enable_disable, &Configuration::advertise},
-    {"adv_10_half", &capabilities, &Configuration::adv_10_half},
-    {"adv_10_full", &capabilities, &Configuration::adv_10_full},
-    {"adv_100_half", &capabilities, &Configuration::adv_100_half},
-    {"adv_100_full", &capabilities, &Configuration::adv_100_full},
-    {"adv_100_t4", &capabilities, &Configuration::adv_100_t4},
-    {"adv_pause", &capabilities, &Configuration::adv_pause},
-    {"adv_asym_pause", &capabilities, &Configuration::adv_asym_pause},
-    {"adv_1000_half", &capabilities, &Configuration::adv_1000_half},
-    {"adv_1000_full", &capabilities, &Configuration::adv_1000_full},
-    {"adv_port_type", &port_types, &Configuration::adv_port_type},
-};
-constexpr size_t SETTING_COUNT = sizeof settings / sizeof *settings;
-
+// The command has its words in the same order; the address comes last.
 constexpr Field configuration_fields[] = {
     {"mac_type", FieldFormat::Uint8Word, offsetof(Configuration, mac_type), &mac_types},
     {"mii_rate", FieldFormat::Uint8Word, offsetof(Configuration, mii_rate), &rates},
@@ -96,6 +69,8 @@ constexpr Field configuration_fields[] = {
     {"adv_port_type", FieldFormat::Uint8Word, offsetof(Configuration, adv_port_type), &port_types},
     {"phy_address", FieldFormat::Hex16, offsetof(Configuration, phy_address)},
 };
+
+constexpr size_t WORD_COUNT = sizeof configuration_fields / sizeof *configuration_fields - 1;
 
 constexpr NumberRule phy_address_rule = unsigned_range("phy_address", 0, 255);
 
@@ -167,11 +142,13 @@ int remote_uni_port_configuration(cmd_element*, vty* session, int, char** argv)
     int result;
     if (!read_session_target(session, &onu, &result)) return result;
     Configuration configuration{};
-    for (size_t i = 0; i < SETTING_COUNT; ++i) {
-        const Setting& setting = settings[i];
-        if (!read_word(session, argv[i], setting.name, *setting.words, &(configuration.*setting.member))) return -1;
+    auto* octets = reinterpret_cast<uint8_t*>(&configuration);
+    for (size_t i = 0; i < WORD_COUNT; ++i) {
+        const Field& field = configuration_fields[i];
+        const WordTable& words = field.words == &enable_disable_capital ? enable_disable : *field.words;
+        if (!read_word(session, argv[i], field.label, words, octets + field.offset)) return -1;
     }
-    if (!read_phy_address(session, argv[SETTING_COUNT], &configuration.phy_address)) return -1;
+    if (!read_phy_address(session, argv[WORD_COUNT], &configuration.phy_address)) return -1;
     return report_remote(session, REMOTE_NEPONU_uni_set_port_configuration(onu.olt_id, onu.onu_id, &configuration));
 }
 
@@ -202,8 +179,7 @@ int remote_uni_extended_configuration(cmd_element*, vty* session, int, char** ar
     if (!read_session_target(session, &onu, &result)) return result;
     if (!read_word(session, argv[0], "configuration", items, &item)) return -1;
     if (!read_number(session, argv[1], item_value, &value)) return -1;
-    return report_remote(session,
-                         REMOTE_NEPONU_uni_set_extended_configuration(onu.olt_id, onu.onu_id, item, value));
+    return report_remote(session, REMOTE_NEPONU_uni_set_extended_configuration(onu.olt_id, onu.onu_id, item, value));
 }
 
 static constinit OnuShow show_remote_uni_port_cmd =
@@ -279,8 +255,9 @@ static constinit OnuShow show_remote_uni_port_status_cmd =
         show_remote_uni_port_status);
 
 static constinit OnuShow show_remote_uni_extended_configuration_cmd =
-    remote_show<"uni-mac extended-configuration", "First user port of the ONU\n"
-                                                  "Loopback, power and kind of interface\n",
+    remote_show<"uni-mac extended-configuration",
+                "First user port of the ONU\n"
+                "Loopback, power and kind of interface\n",
                 "configuration (loopback|power-down|mii-mode|power-save-en)",
                 "Which item\n"
                 "loopback: 0 none, 1 in the MAC, 2 in the PHY, 3 of what the partner sends, 4 by a plug; power-down: 1 "

@@ -13,35 +13,32 @@ namespace sdk_sim {
 using UniConfiguration = REMOTE_uni_port_configuration;
 
 template <>
-inline constexpr auto record_fields<REMOTE_uni_port_configuration> =
-    std::tuple(record_field("mac_type", &UniConfiguration::mac_type),
-               record_field("mii_rate", &UniConfiguration::mii_rate), record_field("duplex", &UniConfiguration::duplex),
-               record_field("gmii_master_mode", &UniConfiguration::gmii_master_mode),
-               record_field("auto_negotiate", &UniConfiguration::auto_negotiate),
-               record_field("mode", &UniConfiguration::mode), record_field("advertise", &UniConfiguration::advertise),
-               record_field("adv_10_half", &UniConfiguration::adv_10_half),
-               record_field("adv_10_full", &UniConfiguration::adv_10_full),
-               record_field("adv_100_half", &UniConfiguration::adv_100_half),
-               record_field("adv_100_full", &UniConfiguration::adv_100_full),
-               record_field("adv_100_t4", &UniConfiguration::adv_100_t4),
-               record_field("adv_pause", &UniConfiguration::adv_pause),
-               record_field("adv_asym_pause", &UniConfiguration::adv_asym_pause),
-               record_field("adv_1000_half", &UniConfiguration::adv_1000_half),
-               record_field("adv_1000_full", &UniConfiguration::adv_1000_full),
-               record_field("adv_port_type", &UniConfiguration::adv_port_type),
-               record_field("phy_address", &UniConfiguration::phy_address));
+inline constexpr auto record_fields<REMOTE_uni_port_configuration> = std::tuple(
+    record_field("mac_type", &UniConfiguration::mac_type), record_field("mii_rate", &UniConfiguration::mii_rate),
+    record_field("duplex", &UniConfiguration::duplex),
+    record_field("gmii_master_mode", &UniConfiguration::gmii_master_mode),
+    record_field("auto_negotiate", &UniConfiguration::auto_negotiate), record_field("mode", &UniConfiguration::mode),
+    record_field("advertise", &UniConfiguration::advertise),
+    record_field("adv_10_half", &UniConfiguration::adv_10_half),
+    record_field("adv_10_full", &UniConfiguration::adv_10_full),
+    record_field("adv_100_half", &UniConfiguration::adv_100_half),
+    record_field("adv_100_full", &UniConfiguration::adv_100_full),
+    record_field("adv_100_t4", &UniConfiguration::adv_100_t4), record_field("adv_pause", &UniConfiguration::adv_pause),
+    record_field("adv_asym_pause", &UniConfiguration::adv_asym_pause),
+    record_field("adv_1000_half", &UniConfiguration::adv_1000_half),
+    record_field("adv_1000_full", &UniConfiguration::adv_1000_full),
+    record_field("adv_port_type", &UniConfiguration::adv_port_type),
+    record_field("phy_address", &UniConfiguration::phy_address));
 
 template <>
-inline constexpr auto record_fields<REMOTE_uni_port_status> =
-    std::tuple(record_field("link", &REMOTE_uni_port_status::link),
-               record_field("mac_type", &REMOTE_uni_port_status::mac_type),
-               record_field("mii_rate", &REMOTE_uni_port_status::mii_rate),
-               record_field("duplex", &REMOTE_uni_port_status::duplex),
-               record_field("auto_negotiate", &REMOTE_uni_port_status::auto_negotiate),
-               record_field("mode", &REMOTE_uni_port_status::mode),
-               record_field("pause_tx", &REMOTE_uni_port_status::pause_tx),
-               record_field("pause_rx", &REMOTE_uni_port_status::pause_rx),
-               record_field("port_type", &REMOTE_uni_port_status::port_type));
+inline constexpr auto record_fields<REMOTE_uni_port_status> = std::tuple(
+    record_field("link", &REMOTE_uni_port_status::link), record_field("mac_type", &REMOTE_uni_port_status::mac_type),
+    record_field("mii_rate", &REMOTE_uni_port_status::mii_rate),
+    record_field("duplex", &REMOTE_uni_port_status::duplex),
+    record_field("auto_negotiate", &REMOTE_uni_port_status::auto_negotiate),
+    record_field("mode", &REMOTE_uni_port_status::mode), record_field("pause_tx", &REMOTE_uni_port_status::pause_tx),
+    record_field("pause_rx", &REMOTE_uni_port_status::pause_rx),
+    record_field("port_type", &REMOTE_uni_port_status::port_type));
 
 namespace {
 
@@ -102,10 +99,13 @@ AbilitySet of_mac_type(std::uint8_t mac_type)
 // What the port offers: all that it advertises, or the one thing that it is fixed to.
 AbilitySet of_port(const UniConfiguration& port)
 {
-    const std::uint16_t fixed_speed = port.mac_type != REMOTE_UNI_MII ? 1000 : port.mii_rate == REMOTE_UNI_10M ? 10 : 100;
+    const std::uint16_t fixed_speed = port.mac_type != REMOTE_UNI_MII   ? 1000
+                                      : port.mii_rate == REMOTE_UNI_10M ? 10
+                                                                        : 100;
     return of_mac_type(port.mac_type) & abilities_that([&](const Ability& ability) {
                if (port.auto_negotiate == 0)
-                   return ability.speed == fixed_speed && ability.is_full_duplex == (port.duplex != 0) && !ability.is_t4;
+                   return ability.speed == fixed_speed && ability.is_full_duplex == (port.duplex != 0) &&
+                          !ability.is_t4;
                return port.advertise != 0 ? port.*ability.advertised != 0 : !ability.is_t4;
            });
 }
@@ -129,8 +129,8 @@ const Ability* half_duplex_at(std::uint16_t speed)
     }));
 }
 
-// What the port runs at; null when there is no link. An end that does not negotiate is heard by its speed alone, and the
-// other one takes half duplex; 1000 Mbit/s need two ends that negotiate, or two that do not.
+// What the port runs at; null when there is no link. An end that does not negotiate is heard by its speed alone, and
+// the other one takes half duplex; 1000 Mbit/s need two ends that negotiate, or two that do not.
 const Ability* agreed(const UniConfiguration& port, const UniPartner& partner)
 {
     const AbilitySet own = of_port(port);
@@ -200,10 +200,10 @@ REMOTE_uni_port_status status_of(Network&, Onu& onu)
 bool is_in_range(const UniConfiguration& port)
 {
     constexpr std::uint8_t UniConfiguration::*flags[] = {
-        &UniConfiguration::mii_rate,      &UniConfiguration::duplex,         &UniConfiguration::gmii_master_mode,
-        &UniConfiguration::auto_negotiate, &UniConfiguration::mode,           &UniConfiguration::advertise,
-        &UniConfiguration::adv_10_half,   &UniConfiguration::adv_10_full,    &UniConfiguration::adv_100_half,
-        &UniConfiguration::adv_100_full,  &UniConfiguration::adv_100_t4,     &UniConfiguration::adv_pause,
+        &UniConfiguration::mii_rate,       &UniConfiguration::duplex,        &UniConfiguration::gmii_master_mode,
+        &UniConfiguration::auto_negotiate, &UniConfiguration::mode,          &UniConfiguration::advertise,
+        &UniConfiguration::adv_10_half,    &UniConfiguration::adv_10_full,   &UniConfiguration::adv_100_half,
+        &UniConfiguration::adv_100_full,   &UniConfiguration::adv_100_t4,    &UniConfiguration::adv_pause,
         &UniConfiguration::adv_asym_pause, &UniConfiguration::adv_1000_half, &UniConfiguration::adv_1000_full,
         &UniConfiguration::adv_port_type};
     for (const auto flag : flags)

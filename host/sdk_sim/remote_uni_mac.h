@@ -25,9 +25,25 @@ struct UniPartner {
 struct UniPort {
     std::uint8_t cpu = 1;
     std::uint8_t datapath = 1;
-    REMOTE_uni_port_configuration configuration{
-        REMOTE_UNI_GMII, REMOTE_UNI_100M, REMOTE_UNI_FULL_DUPLEX, 1, 1, 0, 1, 1, 1, 1, 1, 0, 1, 0, 0, 1,
-        REMOTE_UNI_SINGLE_PORT, 0, 1};
+    REMOTE_uni_port_configuration configuration{REMOTE_UNI_GMII,
+                                                REMOTE_UNI_100M,
+                                                REMOTE_UNI_FULL_DUPLEX,
+                                                1,
+                                                1,
+                                                0,
+                                                1,
+                                                1,
+                                                1,
+                                                1,
+                                                1,
+                                                0,
+                                                1,
+                                                0,
+                                                0,
+                                                1,
+                                                REMOTE_UNI_SINGLE_PORT,
+                                                0,
+                                                1};
     std::array<std::uint32_t, REMOTE_UNI_POWER_SAVE + 1> extended{}; // values by item
 };
 

@@ -33,8 +33,8 @@ enum RemoteEncryptionState {
 int16_t REMOTE_NEPONU_encryption_set_state(int16_t olt_id, int16_t onu_id, int32_t state);
 int16_t REMOTE_NEPONU_encryption_get_state(int16_t olt_id, int16_t onu_id, int32_t* state);
 
-/* One of the two keys, index 0 or 1. The active key of an encrypted link stays as it is: -13008. A key that has not been
- * set reads as zeros. */
+/* One of the two keys, index 0 or 1. The active key of an encrypted link stays as it is: -13008. A key that has not
+ * been set reads as zeros. */
 int16_t REMOTE_NEPONU_encryption_set_key(int16_t olt_id, int16_t onu_id, uint8_t index,
                                          const uint8_t key[REMOTE_ENCRYPTION_KEY_SIZE]);
 int16_t REMOTE_NEPONU_encryption_get_key(int16_t olt_id, int16_t onu_id, uint8_t index,

@@ -1,5 +1,6 @@
 /* SPDX-License-Identifier: Apache-2.0 */
-/* Remote management: how an ONU speaks MPCP (IEEE 802.3 clauses 64 and 77). Errors and refusals as in remote_oam_api.h. */
+/* Remote management: how an ONU speaks MPCP (IEEE 802.3 clauses 64 and 77). Errors and refusals as in remote_oam_api.h.
+ */
 #ifndef EPON_SDK_REMOTE_MPCP_H
 #define EPON_SDK_REMOTE_MPCP_H
 

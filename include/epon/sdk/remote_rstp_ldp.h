@@ -1,7 +1,7 @@
 /* SPDX-License-Identifier: Apache-2.0 */
 /*
- * Remote management: loops on the user ports of an ONU. An ONU that looks for loops sends RSTP BPDUs (IEEE 802.1D clause
- * 17) to its users; one that comes back shows a loop, and the port is closed until the loop is resolved.
+ * Remote management: loops on the user ports of an ONU. An ONU that looks for loops sends RSTP BPDUs (IEEE 802.1D
+ * clause 17) to its users; one that comes back shows a loop, and the port is closed until the loop is resolved.
  */
 #ifndef EPON_SDK_REMOTE_RSTP_LDP_H
 #define EPON_SDK_REMOTE_RSTP_LDP_H

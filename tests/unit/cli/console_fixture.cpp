@@ -4,8 +4,22 @@
 #include <set>
 
 #include "host/node_rules.h"
+#include "refused_start.h"
+
+RefusedStart refused_start;
 
 namespace {
+
+void start_remote_management_in_vain()
+{
+    sdk_sim::Fault fault;
+    fault.operation = "REMOTE_NEPONU_assign_application_handler_function";
+    EXPECT_TRUE(sdk_sim::inject(fault));
+    refused_start.result = CLI_remote_management_init();
+    engine::for_each_element(engine::Origin::Library, [](int, const cmd_element& element) {
+        if (std::string_view(element.string).find("remote ") != std::string_view::npos) ++refused_start.remote_commands;
+    });
+}
 
 // The library installs its commands once in a process.
 void activate_once()
@@ -18,6 +32,7 @@ void activate_once()
         EXPECT_TRUE(engine::prepare(options, &error)) << error;
         install_node_rules();
         CLI_activate();
+        start_remote_management_in_vain();
         init_packages();
         return true;
     }();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "managed_onus_fixture.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace {
@@ -95,6 +96,38 @@ void ManagedOnus::expect_show(const Show& show, const std::string& text, const s
     EXPECT_EQ(result, 0);
     EXPECT_EQ(journal(), (Calls{look_up, call}));
     enter_onu(5);
+}
+
+void ManagedOnus::expect_set(const std::string& line, const std::string& call)
+{
+    EXPECT_EQ(type(line), "") << line;
+    EXPECT_EQ(result, 0) << line;
+    EXPECT_EQ(journal(), Calls{call});
+}
+
+void ManagedOnus::expect_refusal(const std::string& line, const char* words, int code, int returned)
+{
+    EXPECT_EQ(type(line), failure(words, code)) << line;
+    EXPECT_EQ(result, returned) << line;
+    journal();
+}
+
+void ManagedOnus::expect_keyword(cmd_handler* handler, const std::vector<std::string>& words, const std::string& name,
+                                 const std::string& type_name, size_t room)
+{
+    const std::string unknown = "Error reading " + name + " parameter (of the type " + type_name + "), aborting\r\n";
+    const std::pair<std::string, std::string> refusals[] = {
+        {std::string(room, 'x'), "Error reading " + name + " parameter, internal buffer is too short, aborting!\r\n"},
+        {std::string(room - 1, 'x'), unknown},
+        {"Enable", unknown},
+        {"", "Error reading " + name + " parameter for command from input, aborting\r\n"}};
+    for (const auto& [word, refusal] : refusals) {
+        std::vector<std::string> arguments = words;
+        std::replace(arguments.begin(), arguments.end(), std::string("?"), word);
+        EXPECT_EQ(call(handler, arguments), refusal);
+        EXPECT_EQ(result, -1);
+    }
+    EXPECT_EQ(journal(), Calls{});
 }
 
 void ManagedOnus::expect_remote_failures(const std::string& line, const char* operation)

@@ -38,6 +38,15 @@ class ManagedOnus : public Console {
 
     // Types a show about ONU 5 in all its forms and nodes: each prints this text, makes this call and returns 0.
     void expect_show(const Show& show, const std::string& text, const std::string& call);
+    // Types a line that sets something: it prints nothing, makes this call and returns 0.
+    void expect_set(const std::string& line, const std::string& call);
+    // Types a line that the ONU refuses in its present state.
+    void expect_refusal(const std::string& line, const char* words, int code, int returned = 0);
+    // One keyword of a handler, "?" in words: a text of room characters does not fit, an empty one cannot be read, and
+    // one that is not in the table is refused by its type. Each returns -1 and makes no call.
+    void expect_keyword(cmd_handler* handler, const std::vector<std::string>& words, const std::string& name,
+                        const std::string& type_name, size_t room);
+
     // Types a line of the ONU node for ONUs that do not answer, for an absent OLT, and with failing calls: each refusal
     // is told in words.
     void expect_remote_failures(const std::string& line, const char* operation); // they return 0

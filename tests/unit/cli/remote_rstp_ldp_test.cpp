@@ -100,14 +100,7 @@ TEST_F(RstpLdp, EachValueOfTheEventThatIsNotZeroIsTrue)
 TEST_F(RstpLdp, Refusals)
 {
     enter_onu(5);
-    EXPECT_EQ(call(remote_rstp_ldp_mode, {"on"}),
-              "Error reading mode parameter (of the type enable_disable), aborting\r\n");
-    EXPECT_EQ(result, -1);
-    EXPECT_EQ(call(remote_rstp_ldp_mode, {"enablement"}),
-              "Error reading mode parameter, internal buffer is too short, aborting!\r\n");
-    EXPECT_EQ(result, -1);
-    EXPECT_EQ(call(remote_rstp_ldp_mode, {""}), "Error reading mode parameter for command from input, aborting\r\n");
-    EXPECT_EQ(result, -1);
+    expect_keyword(remote_rstp_ldp_mode, {"?"}, "mode", "enable_disable", 10);
     EXPECT_EQ(call(remote_rstp_ldp_resolve_loop, {"256"}),
               "Error in range of port_number parameter for command from input min:0 max:255, aborting\r\n");
     EXPECT_EQ(result, -1);
