@@ -36,7 +36,7 @@ count = 250
 mac = "02-4e-50-80-00-00"
 """
 LINKS = 2000
-PASSWORD = "open sesame"
+USER, PASSWORD = "anna", "open sesame"
 
 time_scale = 1.0  # how much longer than usual things may take: sanitizers make programs slow
 
@@ -68,13 +68,15 @@ def run(tests, options=()):
 
 
 def big_guarded_network(folder, console):
-    """Options for 2,000 links, a login password and a journal."""
-    files = {name: os.path.join(folder, name) for name in ("network.toml", "password", "journal")}
+    """Options for 2,000 links, a user and a journal."""
+    files = {name: os.path.join(folder, name) for name in ("network.toml", "users", "journal")}
     with open(files["network.toml"], "w", encoding="utf-8") as file:
         file.write(BIG_NETWORK)
-    with open(files["password"], "w", encoding="utf-8") as file:
-        subprocess.run([console, "--hash-password"], input=PASSWORD.encode(), stdout=file, timeout=60, check=True)
-    return ["--scenario", files["network.toml"], "--password-file", files["password"], "--sdk-log", files["journal"]]
+    hashed = subprocess.run([console, "--hash-password"], input=PASSWORD.encode(), stdout=subprocess.PIPE, timeout=60,
+                            check=True)
+    with open(os.open(files["users"], os.O_WRONLY | os.O_CREAT, 0o600), "w", encoding="utf-8") as file:
+        file.write(f"{USER}:admin:{hashed.stdout.decode()}")
+    return ["--scenario", files["network.toml"], "--users", files["users"], "--sdk-log", files["journal"]]
 
 
 def journal(host):

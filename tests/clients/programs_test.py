@@ -43,7 +43,8 @@ class Operator:
         return self.terminal.before
 
     def log_in(self):
-        if self.terminal.expect([r"Password: $", PROMPT]) == 0:
+        if self.terminal.expect([r"Username: $", PROMPT]) == 0:
+            self.answer(client_tests.USER, r"Password: $")
             self.answer(client_tests.PASSWORD)
         self.watch.step("login", 3)
         self.answer("terminal length 0")
@@ -70,7 +71,7 @@ def at_each_program(host, console, work):
 def test_many_rows(host, console):
     def work(operator):
         shown = operator.answer("show simulate links")
-        operator.watch.step(f"{client_tests.LINKS} rows", 0.6)
+        operator.watch.step(f"{client_tests.LINKS} rows", 0.3)
         rows = re.findall(r"^(\d+) +(\d+) +[-0-9a-f]{17} +registered", shown, re.MULTILINE)
         assert rows == [(str(olt), str(link)) for olt in range(8) for link in range(250)], (operator.name, len(rows))
 
