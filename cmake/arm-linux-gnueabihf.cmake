@@ -8,6 +8,8 @@ set(CMAKE_CXX_COMPILER arm-linux-gnueabihf-g++)
 # Nothing here was built by a compiler older than GCC 7.
 set(CMAKE_CXX_FLAGS_INIT -Wno-psabi)
 set(CMAKE_LIBRARY_ARCHITECTURE arm-linux-gnueabihf)
-set(CMAKE_CROSSCOMPILING_EMULATOR qemu-arm -L /usr/arm-linux-gnueabihf)
+# Programs find the packages' libraries in the system itself. The cross compiler's own copy of libc is another build of
+# it: a dynamic linker from there with a libc from here breaks as soon as a thread starts.
+set(CMAKE_CROSSCOMPILING_EMULATOR qemu-arm)
 set(ENV{PKG_CONFIG_LIBDIR} /usr/lib/arm-linux-gnueabihf/pkgconfig:/usr/share/pkgconfig)
 set(CPACK_DEBIAN_PACKAGE_ARCHITECTURE armhf)
