@@ -161,6 +161,16 @@ int listen_local(const std::string& path, const gid_t* group, std::string* error
     return fd;
 }
 
+bool is_loopback(int listener)
+{
+    sockaddr_storage own{};
+    socklen_t size = sizeof own;
+    if (getsockname(listener, reinterpret_cast<sockaddr*>(&own), &size) != 0) return false;
+    if (own.ss_family == AF_INET6) return IN6_IS_ADDR_LOOPBACK(&reinterpret_cast<sockaddr_in6&>(own).sin6_addr);
+    constexpr in_addr_t LOOPBACK_NETWORK = 127;
+    return ntohl(reinterpret_cast<sockaddr_in&>(own).sin_addr.s_addr) >> 24 == LOOPBACK_NETWORK;
+}
+
 SocketFile socket_file(const std::string& path)
 {
     struct stat status {};

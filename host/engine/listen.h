@@ -13,6 +13,8 @@ namespace engine {
 
 // Binds and listens. -1 with a text when that fails.
 int listen_tcp(const std::string& address, std::uint16_t port, std::uint16_t* bound, std::string* error);
+// Whether nobody but this machine can reach the listener.
+bool is_loopback(int listener);
 // The socket's file is for the host's user, and for a group when one is given.
 int listen_local(const std::string& path, const gid_t* group, std::string* error);
 

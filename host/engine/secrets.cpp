@@ -43,6 +43,7 @@ bool means(const Session& session, std::span<const std::string_view> words, std:
 
 void set_secret_words(std::span<const SecretWord> words)
 {
+    secret_words().begins.fill(false);
     secret_words().rows.assign(words.begin(), words.end());
     for (const SecretWord& row : words)
         secret_words().begins[static_cast<unsigned char>(row.word[0])] = true;

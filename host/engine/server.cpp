@@ -287,6 +287,12 @@ bool prepare(const Options& options, std::string* error)
     std::uint16_t bound = 0;
     int fd = options.serve ? listen_tcp(options.listen_address, options.port, &bound, error) : -1;
     if (options.serve && fd < 0) return false;
+    if (options.serve && !is_loopback(fd) && !known->asks_at_login()) {
+        close(fd);
+        *error = "cannot listen on " + options.listen_address +
+                 ": without users or a password, whoever reaches it could " + "use the console";
+        return false;
+    }
     close_tcp(at);
     at.tcp = fd;
     at.tcp_address = options.listen_address;

@@ -452,6 +452,10 @@ TEST(ServerOptions, AreCheckedBeforeAnythingStarts)
     EXPECT_FALSE(engine::prepare(options, &error));
     EXPECT_NE(error.find("no.such.host.example port 0: "), std::string::npos) << error;
     options.listen_address = "127.0.0.1";
+    options.listen_address = "0.0.0.0";
+    EXPECT_FALSE(engine::prepare(options, &error));
+    EXPECT_EQ(error, "cannot listen on 0.0.0.0: without users or a password, whoever reaches it could use the console");
+    options.listen_address = "127.0.0.1";
     options.password_file = "/no/such/file";
     EXPECT_FALSE(engine::prepare(options, &error));
     EXPECT_EQ(error, "password file /no/such/file: No such file or directory");
