@@ -98,8 +98,8 @@ bool is_separator(char c)
     return class_of(c) == SEPARATOR;
 }
 
-// Null, or what is wrong with the form.
-const char* classify(std::string_view form, WordKind* kind)
+// Null, or what is wrong with the form, whose characters are of the classes that it holds.
+const char* classify(std::string_view form, unsigned held, WordKind* kind)
 {
     if (form.front() == '<') {
         Bounds bounds;
@@ -117,9 +117,6 @@ const char* classify(std::string_view form, WordKind* kind)
         }
     }
     if ((first & (LOWER | UPPER | DIGIT)) == 0) return "begins with neither a letter nor a digit";
-    unsigned held = 0;
-    for (char c : form)
-        held |= class_of(c);
     if ((held & FOREIGN) != 0) return "holds a character that no word may have";
     bool keyword = first == DIGIT || (held & LOWER) != 0;
     if (!keyword && (held & DOT) != 0) return "is neither a variable nor a known form of address";
@@ -153,7 +150,8 @@ struct Parser {
         return false;
     }
 
-    std::string_view read_form()
+    // Classes of its characters are left in *held.
+    std::string_view read_form(unsigned* held)
     {
         std::size_t begin = at;
         if (!done() && text[at] == '<') {
@@ -161,8 +159,15 @@ struct Parser {
             at = std::min(end, text.size());
             if (!done() && text[at] == '>') at++;
         } else {
-            while (!done() && (class_of(text[at]) & (SEPARATOR | GROUPING)) == 0)
-                at++;
+            unsigned all = 0;
+            std::size_t end = begin;
+            for (; end < text.size(); end++) {
+                unsigned one = class_of(text[end]);
+                if ((one & (SEPARATOR | GROUPING)) != 0) break;
+                all |= one;
+            }
+            at = end;
+            *held = all;
         }
         return text.substr(begin, at - begin);
     }
@@ -170,11 +175,12 @@ struct Parser {
     bool add_form(bool in_group)
     {
         std::size_t begin = at;
-        std::string_view form = read_form();
+        unsigned held = 0;
+        std::string_view form = read_form(&held);
         if (form.empty()) return refuse(in_group ? "an alternative is empty" : "a word is missing");
         if (form.size() > MAX_FORM) return refuse("a word is too long");
         WordKind kind = WordKind::Keyword;
-        if (const char* wrong = classify(form, &kind)) return refuse(wrong, form);
+        if (const char* wrong = classify(form, held, &kind)) return refuse(wrong, form);
         Token token{};
         token.offset = static_cast<std::uint16_t>(begin);
         token.length = static_cast<std::uint8_t>(form.size());
