@@ -262,10 +262,11 @@ TEST_F(ServerTest, TurnsClientsAwayWithoutDescriptors)
     testing::internal::CaptureStderr();
     rlimit usual{};
     ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &usual), 0);
-    int next = dup(STDIN_FILENO);
-    close(next);
+    std::vector<int> taken; // all low ones, so that the limit is above the console's own
+    for (int i = 0; i < 64; ++i)
+        taken.push_back(dup(STDIN_FILENO));
     rlimit tight = usual;
-    tight.rlim_cur = static_cast<rlim_t>(next) + 1; // one more, for the client's own end
+    tight.rlim_cur = static_cast<rlim_t>(taken.back()) + 2; // one more, for the client's own end
     ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &tight), 0);
     for (int i = 0; i < 3; ++i) {
         Client client;
@@ -273,6 +274,8 @@ TEST_F(ServerTest, TurnsClientsAwayWithoutDescriptors)
         EXPECT_EQ(client.rest(), "");
     }
     setrlimit(RLIMIT_NOFILE, &usual);
+    for (int fd : taken)
+        close(fd);
     Client client;
     connect(client);
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "epon: out of descriptors: clients are turned away\n");
