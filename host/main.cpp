@@ -96,6 +96,7 @@ void add_limit_options(CLI::App* app, engine::Options* options)
     options->exec_timeout = std::chrono::minutes(10);
     app->add_option_function<std::string>(
            "--exec-timeout", [](const std::string&) {}, "Close idle sessions, MINUTES or MINUTES:SECONDS; 0: never")
+        ->type_name("TIME")
         ->check([options](const std::string& text) { return read_exec_timeout(text, options); })
         ->default_str("10");
     app->add_option_function<unsigned>(
@@ -107,7 +108,8 @@ void add_limit_options(CLI::App* app, engine::Options* options)
         ->check(CLI::Range(2, 64))
         ->capture_default_str();
     app->add_option("--socket-group", options->socket_group,
-                    "Group that may use the local socket, beside root and the host's own user");
+                    "Group that may use the local socket, beside root and the host's own user")
+        ->type_name("GROUP");
 }
 
 // Until a signal ends the host. SIGHUP reads the files again.
