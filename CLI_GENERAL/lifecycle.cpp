@@ -109,7 +109,7 @@ int CLI_activate()
 int init_packages()
 {
     epon::trace_api_call(ENTRY_POINTS, __func__);
-    CTC_STACK_CLI_cmd_init();
+    CLI_ctc_init();
     CLI_remote_management_init();
     return 0;
 }
@@ -117,6 +117,7 @@ int init_packages()
 int terminate_packages()
 {
     epon::trace_api_call(ENTRY_POINTS, __func__);
+    CLI_ctc_terminate();
     return 0;
 }
 

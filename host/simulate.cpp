@@ -163,7 +163,7 @@ constexpr cmd_element command(const char* grammar, cmd_handler* handler, const c
     "address-table-full|multicast-group-changed|protection-switched|xaui-switched-over|reference-clock-changed|"       \
     "time-of-day-changed|firmware-download-progress|rogue-onu-detected|mka-state-changed|mka-key-installed|"           \
     "packet-number-threshold|gpio-changed|uart-data-received|otdr-measured|flood-detected|received-power-measured|"    \
-    "remote-rstp-loop)"
+    "remote-rstp-loop|ctc-encryption|ctc-discovery|ctc-update-error|ctc-update-request|ctc-notification)"
 #define EVENT_HELP                                                                                                     \
     SIMULATE_HELP                                                                                                      \
     "Raise an event of the SDK; the network itself stays as it is\n"                                                   \

@@ -33,9 +33,9 @@ bool is_device_address(const Mac& mac)
     return (mac[0] & 1) == 0 && mac != Mac{};
 }
 
-void adjust_authorization(const Olt& olt, Onu& onu, bool authorized)
+void adjust_authorization(Network& network, const Olt& olt, Onu& onu, bool authorized)
 {
-    if (authorized != (onu.mode == ONU_MODE_REGISTERED)) apply_authorization(olt, onu, authorized);
+    if (authorized != (onu.mode == ONU_MODE_REGISTERED)) apply_authorization(network, olt, onu, authorized);
 }
 
 // Applies the lists to an ONU that is registered.
@@ -45,10 +45,10 @@ void review(Network& network, Olt& olt, Onu& onu)
     switch (admission(olt, onu)) {
     case Admission::Admitted:
         // Without hybrid mode the lists have no say in who is authorized.
-        if (olt.configuration.auth_list.mode == AUTHENTICATION_HYBRID) adjust_authorization(olt, onu, true);
+        if (olt.configuration.auth_list.mode == AUTHENTICATION_HYBRID) adjust_authorization(network, olt, onu, true);
         break;
     case Admission::Unauthorized:
-        adjust_authorization(olt, onu, false);
+        adjust_authorization(network, olt, onu, false);
         break;
     case Admission::NotListed:
     case Admission::BlackListed:

@@ -10,6 +10,7 @@
 #include <epon/sdk/olt.h>
 #include <epon/sdk/remote_rstp_ldp.h>
 
+#include "host/sdk_sim/ctc_events.h"
 #include "host/sdk_sim/events.h"
 #include "host/sdk_sim/sdk_sim.h"
 #include "host/sdk_sim/text_number.h"
@@ -99,6 +100,16 @@ const char* assign_octets(void* record, std::string_view text, std::string* octe
     return nullptr;
 }
 
+// A blank would end the word that the values are typed as.
+template <auto Length>
+const char* assign_text(void* record, std::string_view text, std::string* octets)
+{
+    *octets = text;
+    std::replace(octets->begin(), octets->end(), '+', ' ');
+    static_cast<RecordType<Length>*>(record)->*Length = static_cast<std::uint32_t>(octets->size());
+    return nullptr;
+}
+
 template <auto Data>
 void point_to_octets(void* record, const std::string& octets)
 {
@@ -132,12 +143,28 @@ constexpr EventFieldRow octets(const char* name, const char* meaning)
     return {name, meaning, assign_octets<Length>};
 }
 
+template <auto Length>
+constexpr EventFieldRow text(const char* name, const char* meaning)
+{
+    return {name, meaning, assign_text<Length>};
+}
+
 template <class Record, std::size_t Count>
 constexpr EventRow event(int kind, const char* name, const EventFieldRow (&fields)[Count],
-                         void (*point_to)(void*, const std::string&) = nullptr)
+                         void (*point_to)(void*, const std::string&) = nullptr,
+                         void (*call)(EventHandler, std::int16_t, const void*) = call_handler<Record>)
 {
     static_assert(sizeof(Record) <= EVENT_RECORD_SIZE && std::is_trivially_copyable_v<Record>);
-    return {kind, name, fields, sizeof(Record), call_handler<Record>, point_to};
+    return {kind, name, fields, sizeof(Record), call, point_to};
+}
+
+// An event of the CTC stack.
+template <class Record, std::size_t Count>
+constexpr EventRow ctc_event(CtcEventType type, const char* name, const EventFieldRow (&fields)[Count],
+                             void (*call)(EventHandler, std::int16_t, const void*),
+                             void (*point_to)(void*, const std::string&) = nullptr)
+{
+    return event<Record>(ctc_event_kind(type), name, fields, point_to, call);
 }
 
 constexpr char ONU_MEANING[] = "ONU, 0-254";
@@ -323,6 +350,35 @@ void call_remote_rstp_loop_handler(EventHandler handler, std::int16_t olt_id, co
     reinterpret_cast<RemoteRstpLoopDetectedHandler*>(handler)(olt_id, event.onu_id, event.port, event.loop, event.link);
 }
 
+constexpr EventFieldRow ctc_encryption[] = {number<&CtcEncryptionEvent::llid>("llid", LLID_MEANING),
+                                            number<&CtcEncryptionEvent::state>("state", "1 complete, 2 failed")};
+
+constexpr EventFieldRow ctc_discovery[] = {
+    number<&CtcDiscoveryEvent::llid>("llid", LLID_MEANING),
+    number<&CtcDiscoveryEvent::state>("state", "2 failed, 3 complete"),
+    octets<&CtcDiscoveryEvent::length>("records", "three octets of OUI and one of version each, in hexadecimal")};
+
+constexpr EventFieldRow ctc_update_error[] = {
+    number<&CtcUpdateErrorEvent::onu_id>("onu_id", ONU_MEANING),
+    number<&CtcUpdateErrorEvent::code>("code", "a code of the CTC stack, as -17005"),
+    text<&CtcUpdateErrorEvent::length>("message", "text with + for a blank")};
+
+constexpr EventFieldRow ctc_update_request[] = {
+    number<&CtcUpdateRequestEvent::onu_id>("onu_id", ONU_MEANING),
+    text<&CtcUpdateRequestEvent::length>("information", "file and what else the ONU tells, with + for a blank")};
+
+constexpr EventFieldRow ctc_notification[] = {
+    number<&CtcNotificationEvent::onu_id>("onu_id", ONU_MEANING),
+    number<&CtcNotificationEvent::leaf>("leaf", "kind of part: 1 port, 65535 the ONU itself"),
+    number<&CtcNotificationEvent::frame_number>("frame", "shelf, 0-255"),
+    number<&CtcNotificationEvent::slot_number>("slot", "card, 0-62; 63 all"),
+    number<&CtcNotificationEvent::port_number>("port", "port, 0-65534; 65535 all"),
+    number<&CtcNotificationEvent::port_type>("port_type", "0 irrelevant, 1 ethernet, 2 voip, 3 adsl2-plus, 4 vdsl2, "
+                                                          "5 e1"),
+    number<&CtcNotificationEvent::raised>("raised", "1 raised, 0 cleared"),
+    number<&CtcNotificationEvent::value>("value", "what was measured, in the unit of the alarm"),
+    number<&CtcNotificationEvent::alarm_id>("alarm_id", "number of the alarm, 0-65535")};
+
 constexpr EventRow rows[] = {
     event<EthernetFrameReceivedEvent>(EVENT_ETHERNET_FRAME_RECEIVED, "ethernet-frame-received", ethernet_frame_received,
                                       point_to_octets<&EthernetFrameReceivedEvent::frame>),
@@ -373,7 +429,17 @@ constexpr EventRow rows[] = {
     event<ReceivedPowerMeasuredEvent>(EVENT_RECEIVED_POWER_MEASURED, "received-power-measured",
                                       received_power_measured),
     {EVENT_REMOTE_RSTP_LOOP, "remote-rstp-loop", remote_rstp_loop, sizeof(RemoteRstpLoopEvent),
-     call_remote_rstp_loop_handler, nullptr}};
+     call_remote_rstp_loop_handler, nullptr},
+    ctc_event<CtcEncryptionEvent>(CTC_EVENT_UPDATE_ENCRYPTION, "ctc-encryption", ctc_encryption,
+                                  call_encryption_handler),
+    ctc_event<CtcDiscoveryEvent>(CTC_EVENT_EXTENDED_OAM_DISCOVERY, "ctc-discovery", ctc_discovery,
+                                 call_discovery_handler, point_to_octets<&CtcDiscoveryEvent::records>),
+    ctc_event<CtcUpdateErrorEvent>(CTC_EVENT_UPDATE_ONU_ERROR, "ctc-update-error", ctc_update_error,
+                                   call_update_error_handler, point_to_octets<&CtcUpdateErrorEvent::message>),
+    ctc_event<CtcUpdateRequestEvent>(CTC_EVENT_UPDATE_ONU_REQUEST, "ctc-update-request", ctc_update_request,
+                                     call_update_request_handler, point_to_octets<&CtcUpdateRequestEvent::information>),
+    ctc_event<CtcNotificationEvent>(CTC_EVENT_NOTIFICATION, "ctc-notification", ctc_notification,
+                                    call_notification_handler)};
 
 // Fills the record from "field=value,field=value".
 bool read_values(const EventRow& row, std::string_view values, QueuedEvent* queued, std::string* error)

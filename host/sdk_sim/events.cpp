@@ -140,6 +140,17 @@ void wait_for_return(Events& e, std::unique_lock<std::mutex>& lock, const Matche
     if (!is_event_thread(e)) e.changed.wait(lock, [&] { return e.running.id == 0 || !matches(e.running); });
 }
 
+// False when there is none. None of them is called any more once this returns.
+template <class Matches>
+bool remove_handlers(const Matches& matches)
+{
+    Events& e = events();
+    std::unique_lock lock(e.mutex);
+    const bool is_removed = std::erase_if(e.registrations, matches) != 0;
+    wait_for_return(e, lock, matches);
+    return is_removed;
+}
+
 const Operation assign_handler_function("NEP_assign_handler_function", GENERAL);
 const Operation delete_handler_function("NEP_delete_handler_function", GENERAL);
 
@@ -191,6 +202,32 @@ void reset_events()
     e.registrations.clear();
     e.last_id = 0;
     e.firmware_console = nullptr;
+}
+
+bool register_handler(std::int32_t kind, EventHandler handler, std::uint16_t* id)
+{
+    Events& e = events();
+    const std::lock_guard lock(e.mutex);
+    return add_registration(e, kind, handler, id);
+}
+
+bool has_handler(std::int32_t kind)
+{
+    Events& e = events();
+    const std::lock_guard lock(e.mutex);
+    return std::any_of(e.registrations.begin(), e.registrations.end(),
+                       [kind](const Registration& row) { return row.kind == kind; });
+}
+
+bool remove_handler(std::uint16_t id, std::int32_t first_kind, std::int32_t last_kind)
+{
+    return remove_handlers(
+        [=](const Registration& row) { return row.id == id && row.kind >= first_kind && row.kind <= last_kind; });
+}
+
+void remove_handlers(std::int32_t first_kind, std::int32_t last_kind)
+{
+    remove_handlers([=](const Registration& row) { return row.kind >= first_kind && row.kind <= last_kind; });
 }
 
 void start()
@@ -250,20 +287,14 @@ int16_t NEP_assign_handler_function(int32_t event_kind, EventHandler handler, ui
     return without_model(assign_handler_function, in(event_kind), out(id), [&] {
         if (handler == nullptr || event_kind >= EVENT_KIND_LIMIT || find_event_row(event_kind) == nullptr)
             return PARAMETER_ERROR;
-        Events& e = events();
-        const std::lock_guard lock(e.mutex);
-        return add_registration(e, event_kind, handler, id) ? SUCCESS : NO_RESOURCES;
+        return register_handler(event_kind, handler, id) ? SUCCESS : NO_RESOURCES;
     });
 }
 
 int16_t NEP_delete_handler_function(uint16_t id)
 {
     return without_model(delete_handler_function, in(id), out(), [&] {
-        Events& e = events();
-        std::unique_lock lock(e.mutex);
-        const auto is_deleted = [id](const Registration& row) { return row.id == id && row.kind < EVENT_KIND_LIMIT; };
-        std::erase_if(e.registrations, is_deleted);
-        wait_for_return(e, lock, is_deleted);
+        remove_handler(id, 0, EVENT_KIND_LIMIT - 1);
         return SUCCESS;
     });
 }

@@ -53,6 +53,13 @@ struct RemoteRstpLoopEvent {
 // The handler of a kind that has one at most, in place of the one before, which is not called any more once this
 // returns. False when there are too many handlers.
 bool set_handler(int kind, EventHandler handler);
+// Handlers of one kind of events. The id is that of no other handler; false when there is none left.
+bool register_handler(std::int32_t kind, EventHandler handler, std::uint16_t* id);
+bool has_handler(std::int32_t kind);
+// Removes a handler of one of these kinds; it is not called any more once this returns. The caller does not hold the
+// model's lock. False when there is none with that id.
+bool remove_handler(std::uint16_t id, std::int32_t first_kind, std::int32_t last_kind);
+void remove_handlers(std::int32_t first_kind, std::int32_t last_kind);
 
 void queue_firmware_line(std::int16_t olt_id, std::string line);
 

@@ -182,6 +182,7 @@ std::int16_t on_network(const Operation& operation, const In& arguments, const O
 {
     return without_model(operation, arguments, results, [&]() -> std::int16_t {
         const ModelLock model;
+        if (&operation.family == &CTC_STACK && model->ctc_stack.has_ended) return EXIT_ERROR;
         return body(*model);
     });
 }

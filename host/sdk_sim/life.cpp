@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "host/sdk_sim/life.h"
 
+#include "host/sdk_sim/ctc_discovery.h"
 #include "host/sdk_sim/events.h"
 #include "host/sdk_sim/sdk_sim.h"
 
@@ -87,6 +88,7 @@ void schedule_leaving(Network& network)
 void raise_alarm(const Olt& olt, std::int16_t onu_id, std::int32_t alarm, bool raised, std::uint32_t value)
 {
     raise(EVENT_ALARM, olt.id, AlarmEvent{onu_id, alarm, raised, value});
+    notify_of_alarm(olt.id, olt.onus.at(onu_id), alarm, raised, value);
 }
 
 void schedule_alarm(Network& network)
@@ -127,6 +129,7 @@ void register_onu(Network& network, Olt& olt, Onu& onu)
     event.rate = static_cast<std::int32_t>(onu.rate);
     event.rtt = onu.rtt;
     raise(EVENT_ONU_REGISTERED, olt.id, event);
+    follow_oam_link(network, olt, onu);
 }
 
 void register_onus(Network& network, const Olt& olt)
@@ -163,6 +166,7 @@ void deregister_onu(Olt& olt, Onu& onu, DeregistrationReason reason)
 {
     const bool was_registered = counts_as_registered(onu);
     onu.mode = ONU_MODE_UNREGISTERED;
+    if (was_registered) remember_ctc_settings(onu);
     onu.configuration = onu.initial_configuration;
     if (!was_registered) return;
     OnuDeregisteredEvent event{};
@@ -180,6 +184,7 @@ void return_onu(Network& network, const Olt& olt, std::int16_t onu_id)
 void begin_life(Network& network)
 {
     network.random_state = network.life.seed;
+    settle_ctc_discoveries(network);
     schedule_leaving(network);
     schedule_alarm(network);
 }

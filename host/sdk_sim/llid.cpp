@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "host/sdk_sim/ctc_discovery.h"
 #include "host/sdk_sim/events.h"
 #include "host/sdk_sim/link_operation.h"
 #include "host/sdk_sim/onu_loopback.h"
@@ -69,7 +70,7 @@ std::int32_t fec_mode(const Onu& onu)
     }
 }
 
-void apply_authorization(const Olt& olt, Onu& onu, bool authorized)
+void apply_authorization(Network& network, const Olt& olt, Onu& onu, bool authorized)
 {
     onu.mode = authorized ? ONU_MODE_REGISTERED : ONU_MODE_REGISTERED_UNAUTHORIZED;
     OnuAuthorizationChangedEvent event{};
@@ -79,6 +80,7 @@ void apply_authorization(const Olt& olt, Onu& onu, bool authorized)
     raise(EVENT_ONU_AUTHORIZATION_CHANGED, olt.id, event);
     if (!authorized) open_standard_loopback(olt, onu); // it is held by OAM
     raise(EVENT_OAM_LINK_CHANGED, olt.id, OamLinkChangedEvent{onu.id, authorized ? 1 : 0});
+    follow_oam_link(network, olt, onu);
 }
 
 } // namespace sdk_sim
@@ -127,10 +129,11 @@ int16_t NEP_get_llid_fec_mode(int16_t olt_id, int16_t llid, int32_t* mode)
 
 int16_t NEP_authorize_onu(int16_t olt_id, int16_t llid, int32_t authorized)
 {
-    return on_onu(authorize_onu, olt_id, llid, in(olt_id, llid, authorized), out(), [&](Olt& olt, Onu& onu) {
+    const auto arguments = in(olt_id, llid, authorized);
+    return on_link(authorize_onu, olt_id, llid, arguments, out(), [&](Network& network, Olt& olt, Onu& onu) {
         if (authorized < 0 || authorized > 1) return PARAMETER_ERROR;
         onu.configuration.link.renewed_at = 0; // the operator's word goes before a proof that still runs
-        if (authorized != (onu.mode == ONU_MODE_REGISTERED)) apply_authorization(olt, onu, authorized == 1);
+        if (authorized != (onu.mode == ONU_MODE_REGISTERED)) apply_authorization(network, olt, onu, authorized == 1);
         return SUCCESS;
     });
 }
@@ -140,12 +143,12 @@ int16_t NEP_reauthenticate_onu(int16_t olt_id, int16_t llid)
     const auto end = [](Network& network, Olt& olt, Onu& onu) {
         if (onu.configuration.link.renewed_at != network.now || onu.mode != ONU_MODE_REGISTERED_UNAUTHORIZED) return;
         onu.configuration.link.renewed_at = 0;
-        apply_authorization(olt, onu, true);
+        apply_authorization(network, olt, onu, true);
     };
     return on_link(reauthenticate_onu, olt_id, llid, in(olt_id, llid), out(),
                    [&](Network& network, Olt& olt, Onu& onu) {
                        if (onu.mode != ONU_MODE_REGISTERED) return EXIT_ERROR;
-                       apply_authorization(olt, onu, false);
+                       apply_authorization(network, olt, onu, false);
                        onu.configuration.link.renewed_at = network.now + REAUTHENTICATION_TIME_MS;
                        after_on_link(network, olt, llid, REAUTHENTICATION_TIME_MS, end);
                        return SUCCESS;

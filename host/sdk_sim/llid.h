@@ -8,8 +8,9 @@
 
 namespace sdk_sim {
 
-struct Onu;
+struct Network;
 struct Olt;
+struct Onu;
 
 struct LinkState {
     std::int32_t fec = LLID_FEC_OFF; // of a 1G link
@@ -23,6 +24,6 @@ bool oam_is_up(const Onu& onu);
 std::int32_t fec_mode(const Onu& onu);
 
 // With the events that tell of it.
-void apply_authorization(const Olt& olt, Onu& onu, bool authorized);
+void apply_authorization(Network& network, const Olt& olt, Onu& onu, bool authorized);
 
 } // namespace sdk_sim

@@ -29,7 +29,28 @@ void use_key(const Olt& olt, const Onu& onu, LinkEncryption& encryption, std::ui
     raise(EVENT_ENCRYPTION_KEY_UPDATED, olt.id, EncryptionKeyUpdatedEvent{onu.id, index});
 }
 
+void make_key(Network& network, LinkEncryption& encryption)
+{
+    for (std::uint8_t& octet : encryption.key)
+        octet = static_cast<std::uint8_t>(random_below(network, 256));
+}
+
 } // namespace
+
+void encrypt_with_new_key(Network& network, const Olt& olt, Onu& onu)
+{
+    LinkEncryption& encryption = onu.configuration.encryption;
+    const bool is_new = encryption.direction == LLID_ENCRYPTION_OFF;
+    if (is_new) change_direction(olt, onu, LLID_ENCRYPTION_DOWNLINK);
+    make_key(network, encryption);
+    use_key(olt, onu, encryption, is_new ? 0 : 1 - encryption.key_index);
+}
+
+void end_link_encryption(const Olt& olt, Onu& onu)
+{
+    change_direction(olt, onu, LLID_ENCRYPTION_OFF);
+    onu.configuration.encryption = {};
+}
 
 } // namespace sdk_sim
 
@@ -45,8 +66,7 @@ int16_t NEP_start_encryption(int16_t olt_id, int16_t llid, int32_t direction)
                        const bool is_new = encryption.direction == LLID_ENCRYPTION_OFF;
                        change_direction(olt, onu, direction);
                        if (!is_new) return SUCCESS;
-                       for (std::uint8_t& octet : encryption.key)
-                           octet = static_cast<std::uint8_t>(random_below(network, 256));
+                       make_key(network, encryption);
                        use_key(olt, onu, encryption, 0);
                        return SUCCESS;
                    });
@@ -68,8 +88,8 @@ int16_t NEP_stop_encryption(int16_t olt_id, int16_t llid)
 {
     return on_onu(stop_encryption, olt_id, llid, in(olt_id, llid), out(), [](Olt& olt, Onu& onu) {
         if (onu.configuration.encryption.direction == LLID_ENCRYPTION_OFF) return EXIT_ERROR;
-        change_direction(olt, onu, LLID_ENCRYPTION_OFF);
-        onu.configuration.encryption = {};
+        onu.configuration.ctc.encryption = {}; // the CTC stack asks for no more keys
+        end_link_encryption(olt, onu);
         return SUCCESS;
     });
 }

@@ -18,10 +18,12 @@
 
 #include "host/sdk_sim/auth_list.h"
 #include "host/sdk_sim/ctc_capabilities.h"
+#include "host/sdk_sim/ctc_discovery.h"
 #include "host/sdk_sim/ctc_identity.h"
 #include "host/sdk_sim/ctc_loid.h"
 #include "host/sdk_sim/ctc_power_save.h"
 #include "host/sdk_sim/ctc_protection.h"
+#include "host/sdk_sim/ctc_stack.h"
 #include "host/sdk_sim/ctc_tx_power.h"
 #include "host/sdk_sim/dba_control.h"
 #include "host/sdk_sim/dot1x.h"
@@ -107,6 +109,7 @@ struct OnuConfiguration {
     RemoteMpcp remote_mpcp;
     UniPort uni_port;
     FrameProcessing frame_processing;
+    CtcOnu ctc;
 };
 
 struct Onu {
@@ -127,6 +130,8 @@ struct Onu {
     OnuIdentity identity;
     OnuCapabilities capabilities;
     OnuTransmitters transmitters;
+    CtcDevice ctc_device;
+    CtcOnuSettings remembered_ctc_settings; // of its last registration
     OnuImage image;
     OnuDevice device;
     UniPartner uni_partner;
@@ -227,6 +232,7 @@ struct Network {
     std::string name = "epon";
     double speed = 1; // virtual seconds in a second; 0: the clock moves only by advance_clock
     Life life;
+    CtcStack ctc_stack, initial_ctc_stack;
     std::array<Olt, OLT_INDEX_LIMIT> olts;
 
     Milliseconds now = 0;

@@ -21,6 +21,7 @@ std::int16_t on_managed_onu(const Operation& operation, OamAnswer Onu::*answer, 
         Onu* onu = registered_onu(*olt, onu_id);
         if (onu == nullptr || onu->*answer == OamAnswer::None) return operation.family.no_onu;
         if (onu->*answer == OamAnswer::Silent || !oam_is_up(*onu)) return TIME_OUT;
+        if (&operation.family == &CTC_STACK && is_foreign(*onu)) return operation.family.no_onu;
         ++onu->configuration.statistics.counts[ONU_ORGANIZATION_REQUESTS].whole;
         return body(network, *olt, *onu);
     });
@@ -38,6 +39,7 @@ std::int16_t on_managed_onus(const Operation& operation, OamAnswer Onu::*answer,
         if (olt == nullptr) return operation.family.no_olt;
         for (auto& [id, onu] : olt->onus) {
             if (!counts_as_registered(onu) || onu.*answer != OamAnswer::Answers || !oam_is_up(onu)) continue;
+            if (&operation.family == &CTC_STACK && is_foreign(onu)) continue;
             ++onu.configuration.statistics.counts[ONU_ORGANIZATION_REQUESTS].whole;
             if (const std::int16_t code = body(network, *olt, onu); code != SUCCESS) return code;
         }

@@ -6,6 +6,8 @@
 #include <memory>
 #include <sstream>
 
+#include "host/sdk_sim/ctc_discovery.h"
+#include "host/sdk_sim/ctc_stack.h"
 #include "host/sdk_sim/events.h"
 #include "host/sdk_sim/life.h"
 #include "host/sdk_sim/log.h"
@@ -87,6 +89,7 @@ Onu read_onu(ScenarioReader& reader)
     reader.number("rtt", 0, 65534, &onu.rtt);
     reader.number("frame_error_rate", 0, 1000000, &onu.frame_error_rate);
     reader.word("extended_oam", answer_words, &onu.extended_oam);
+    read_ctc_device(reader, &onu.ctc_device);
     reader.word("remote_management", answer_words, &onu.remote_management);
     read_table(reader, "device", read_onu_device, &onu.device);
     read_table(reader, "uni_partner", read_uni_partner, &onu.uni_partner);
@@ -228,6 +231,8 @@ bool load_scenario_text(std::string_view toml, std::string_view name, std::strin
         reader.text("name", NETWORK_NAME_LENGTH, &network->name);
         read_table(reader, "clock", read_clock, network.get());
         read_table(reader, "life", read_life, &network->life);
+        read_table(reader, "ctc_stack", read_ctc_stack, &network->ctc_stack);
+        network->initial_ctc_stack = network->ctc_stack;
         read_olts(reader, network.get());
         reader.finish();
     }

@@ -233,27 +233,46 @@ void ScenarioReader::version(std::string_view key, OLT_version* value)
         *value = read;
 }
 
-void ScenarioReader::registers(std::string_view key, std::map<std::uint32_t, std::uint32_t>* values)
+bool ScenarioReader::pairs(std::string_view key, std::uint32_t max_first, std::uint32_t max_second,
+                           const char* expected, std::vector<std::pair<std::uint32_t, std::uint32_t>>* values)
 {
     const toml::node* node = as_node(find(key));
-    if (node == nullptr) return;
+    if (node == nullptr) return false;
     const toml::array* rows = node->as_array();
     if (rows == nullptr) {
-        refuse(key, "an array of [address, value]");
-        return;
+        refuse(key, std::string("an array of ") + expected);
+        return false;
     }
-    values->clear();
     for (const toml::node& row : *rows) {
         std::int64_t pair[2] = {-1, -1};
         const toml::array* cells = row.as_array();
         for (std::size_t i = 0; cells != nullptr && cells->size() == 2 && i < 2; ++i)
             pair[i] = cells->get(i)->value_exact<std::int64_t>().value_or(-1);
-        if (pair[0] < 0 || pair[0] > UINT32_MAX || pair[1] < 0 || pair[1] > UINT32_MAX) {
-            note(errors, row.source(), std::string(key) + ": expected [address, value], each 0-0xffffffff");
-            return;
+        if (pair[0] < 0 || pair[0] > max_first || pair[1] < 0 || pair[1] > max_second) {
+            note(errors, row.source(), std::string(key) + ": expected " + expected);
+            return false;
         }
-        (*values)[static_cast<std::uint32_t>(pair[0])] = static_cast<std::uint32_t>(pair[1]);
+        values->emplace_back(static_cast<std::uint32_t>(pair[0]), static_cast<std::uint32_t>(pair[1]));
     }
+    return true;
+}
+
+void ScenarioReader::registers(std::string_view key, std::map<std::uint32_t, std::uint32_t>* values)
+{
+    std::vector<std::pair<std::uint32_t, std::uint32_t>> read;
+    if (!pairs(key, UINT32_MAX, UINT32_MAX, "[address, value], each 0-0xffffffff", &read)) return;
+    values->clear();
+    for (const auto& [address, value] : read)
+        (*values)[address] = value;
+}
+
+void ScenarioReader::oui_versions(std::string_view key, std::vector<CTC_oui_version>* values)
+{
+    std::vector<std::pair<std::uint32_t, std::uint32_t>> read;
+    if (!pairs(key, 0xFFFFFF, 255, "[OUI, version], 0-0xffffff and 0-255", &read)) return;
+    values->clear();
+    for (const auto& [oui, version] : read)
+        values->push_back(oui_version(oui, static_cast<std::uint8_t>(version)));
 }
 
 std::vector<ScenarioReader> ScenarioReader::tables(std::string_view key)

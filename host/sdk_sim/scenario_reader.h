@@ -9,6 +9,7 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include <epon/sdk/olt.h>
@@ -68,6 +69,8 @@ class ScenarioReader {
     void version(std::string_view key, OLT_version* value);
     // Arrays [address, value].
     void registers(std::string_view key, std::map<std::uint32_t, std::uint32_t>* values);
+    // Arrays [OUI, version].
+    void oui_versions(std::string_view key, std::vector<CTC_oui_version>* values);
 
     bool has(std::string_view key) const;
     // Readers of a table, or of each table of an array of tables: none when the key is missing.
@@ -83,6 +86,9 @@ class ScenarioReader {
     bool boolean(std::string_view key, bool* value);
     bool one_of(std::string_view key, const ScenarioWord* words, std::size_t count, std::int32_t* value);
     const void* find(std::string_view key);
+    // Arrays of two numbers; expected describes them.
+    bool pairs(std::string_view key, std::uint32_t max_first, std::uint32_t max_second, const char* expected,
+               std::vector<std::pair<std::uint32_t, std::uint32_t>>* values);
 
     const void* table; // a toml::table
     ScenarioErrors* errors;

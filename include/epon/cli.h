@@ -48,6 +48,11 @@ EPON_CLI_API int terminate_packages(void);
 EPON_CLI_API int16_t CLI_remote_management_init(void);
 /* Part of it: installs the commands of remote SXG encryption. Always 0. */
 EPON_CLI_API int16_t CLI_remote_management_sxg_init(void);
+/* Installs the commands of the CTC stack and registers the handlers of its events. Sessions with event_notify set are
+ * told how the registration went; always 0. */
+EPON_CLI_API int CLI_ctc_init(void);
+/* Removes these handlers, tells the same sessions how that went, and ends the stack: its code. */
+EPON_CLI_API int CLI_ctc_terminate(void);
 
 /* TCP port of the console; 0 is the default, 2600. Taken at the next time that the console is served. */
 EPON_CLI_API void CLI_set_port(unsigned short port);
@@ -60,6 +65,13 @@ EPON_CLI_API void CLI_set_olt_dba_mode(int16_t olt_id, int dba_mode);
 
 /* Handler of EVENT_ETHERNET_FRAME_RECEIVED; prints the event. Any thread. */
 EPON_CLI_API EthernetFrameReceivedEventHandler Ethernet_extended_frame_received_handler;
+
+/* Handlers of the CTC stack's events; each tells the sessions with event_notify set. Any thread. */
+EPON_CLI_API CtcExtendedOamDiscoveryHandler Extended_oam_discovery_handler;
+EPON_CLI_API CtcUpdateEncryptionHandler Update_encryption_handler;
+EPON_CLI_API CtcUpdateOnuErrorHandler Update_onu_error_handler;
+EPON_CLI_API CtcUpdateOnuRequestHandler Update_onu_request_handler; /* answers with the file "C:\\NAME" */
+EPON_CLI_API CtcEventNotificationHandler Event_notification_handler;
 
 EPON_CLI_API extern thread_master* zebrad; /* the event loop, once activated */
 EPON_CLI_API extern thread* global_thread; /* the record through which sessions are flushed */
@@ -218,6 +230,12 @@ EPON_CLI_API int CLI_convert_encryption_string_to_ascii_array(const char* text, 
 EPON_CLI_API int CLI_convert_binary_encryption_string_to_ascii_array(const char* text, uint8_t key[32]);
 /* "1;2;3;4": 2 to 4 pairs of OLT numbers; further numbers are ignored. Prints what is wrong on the session. */
 EPON_CLI_API int Parse_OLTs_id_array(char* text, uint16_t pairs[4][2], uint8_t* count, vty* session);
+
+/* The part of an ONU that a command of the CTC stack acts on: numbers, decimal or with 0x hexadecimal, or the words
+ * "irrelevant", "all-cards", "all-ports", and the word of a port type. The port's number keeps its low 16 bits. Prints
+ * what is wrong on the session. */
+EPON_CLI_API int Parse_object_management_index(vty* session, const char* frame, const char* slot, const char* port,
+                                               const char* port_type, CTC_management_object_index* index);
 
 /* Reads a whole file into a new buffer that the caller frees with free(). Prints what is wrong on the session. */
 EPON_CLI_API int CLI_load_file_to_memory(const char* path, uint8_t** data_buffer, uint32_t* size, vty* session);

@@ -11,12 +11,17 @@
 
 #include <epon/sdk/auth_list.h>
 #include <epon/sdk/ctc_capabilities.h>
+#include <epon/sdk/ctc_dba_report.h>
+#include <epon/sdk/ctc_encryption.h>
+#include <epon/sdk/ctc_events.h>
 #include <epon/sdk/ctc_identity.h>
 #include <epon/sdk/ctc_loid.h>
+#include <epon/sdk/ctc_management_object.h>
 #include <epon/sdk/ctc_multi_llid.h>
 #include <epon/sdk/ctc_power_save.h>
 #include <epon/sdk/ctc_protection.h>
 #include <epon/sdk/ctc_reset.h>
+#include <epon/sdk/ctc_stack.h>
 #include <epon/sdk/ctc_tx_power.h>
 #include <epon/sdk/dba_control.h>
 #include <epon/sdk/dot1x.h>

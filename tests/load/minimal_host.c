@@ -17,7 +17,7 @@
 
 #include <epon/cli.h>
 
-enum { EVENT_PRINTERS = 38, RECORDED_LIMIT = 4096, PRESENT_OLT = 0 };
+enum { EVENT_PRINTERS = 38, CTC_HANDLERS = 5, RECORDED_LIMIT = 4096, PRESENT_OLT = 0 };
 
 struct installed {
     int node;
@@ -32,6 +32,9 @@ static int default_nodes;
 static int registered[EVENT_KIND_LIMIT];
 static int registration_count;
 static int deletion_count;
+static int ctc_registration_count;
+static int ctc_deletion_count;
+static int ctc_ends;
 static int log_entries;
 static atomic_int failures;
 
@@ -260,6 +263,25 @@ int16_t REMOTE_NEPONU_assign_application_handler_function(int32_t event, EventHa
     return 0;
 }
 
+int16_t CTC_STACK_assign_handler_function(int32_t event_type, EventHandler handler, uint16_t* id)
+{
+    check(event_type >= 0 && handler != NULL, "a registration at the CTC stack that names no event");
+    *id = (uint16_t)++ctc_registration_count;
+    return 0;
+}
+
+int16_t CTC_STACK_delete_handler_function(uint16_t id)
+{
+    check(id == ++ctc_deletion_count, "the handlers of the CTC stack are not removed in their order");
+    return 0;
+}
+
+int16_t CTC_STACK_terminate(void)
+{
+    ctc_ends++;
+    return 0;
+}
+
 int32_t Olt_exists(int16_t olt_id)
 {
     return olt_id == PRESENT_OLT;
@@ -347,6 +369,7 @@ int main(int argc, char** argv)
     check(call(library, "CLI_activate") == 0, "CLI_activate failed");
     wait_for_the_server();
     check(call(library, "init_packages") == 0, "init_packages failed");
+    check(ctc_registration_count == CTC_HANDLERS, "not every event of the CTC stack has a handler");
     for (int node = AUTH_NODE; node < NODE_ID_LIMIT; node++)
         check((nodes[node] != NULL) == (node <= CONFIG_NODE || node >= OLT_NODE), "not every node is installed");
     check(default_nodes > 0, "no node has the engine's own commands");
@@ -364,6 +387,7 @@ int main(int argc, char** argv)
     check(installed_count == commands && node_count == nodes_before, "a second start installs again");
 
     check(call(library, "terminate_packages") == 0, "terminate_packages failed");
+    check(ctc_deletion_count == CTC_HANDLERS && ctc_ends == 1, "the CTC stack was not stopped");
     check(call(library, "terminate_epon_driver") == 0, "terminate_epon_driver failed");
     check(deletion_count > 0, "the event printers stay registered");
 

@@ -6,11 +6,11 @@
 
 #include <stdint.h>
 
+#include <epon/sdk/ctc_management_object.h>
+
 #ifdef __cplusplus
 extern "C" {
 #endif
-
-enum { CTC_ALL_CARDS = 63 };
 
 /* Has the ONU start anew: it leaves (EVENT_ONU_DEREGISTERED) and registers again (EVENT_ONU_REGISTERED). */
 int16_t CTC_STACK_reset_onu(int16_t olt_id, int16_t onu_id);

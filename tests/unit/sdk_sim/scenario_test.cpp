@@ -25,7 +25,7 @@ TEST_F(ScenarioTest, ErrorsNameTheLineAndWhatWasExpected)
     const Case cases[] = {
         {"name = 5\n", "1: name: expected a string, or an array of octets 1-255"},
         {"name = \"123456789012345678901234567890123\"\n", "1: name: expected at most 32 octets"},
-        {"\n\ncolour = 1\n", "3: unknown key \"colour\"; expected one of clock, life, name, olt"},
+        {"\n\ncolour = 1\n", "3: unknown key \"colour\"; expected one of clock, ctc_stack, life, name, olt"},
         {"clock = 5\n", "1: clock: expected a table"},
         {"clock = { speed = -1 }\n", "1: speed: expected a number 0 to 1000"},
         {"clock = { speed = \"fast\" }\n", "1: speed: expected a number 0 to 1000"},
