@@ -296,7 +296,9 @@ bool finish_login(Session& session)
     if (!login.answered || Clock::now() < login.answer_at) return false;
     login.pending = login.answered = false;
     bool enables = session.node == AUTH_ENABLE_NODE;
-    if (login.right)
+    auto known = credentials(); // they may have been read again since the password was typed
+    bool is_user = enables || known->users.empty() || known->find(login.name) != nullptr;
+    if (login.right && is_user)
         enables ? let_enable(session) : let_in(session);
     else
         enables ? refuse_enable(session) : refuse_login(session);

@@ -9,10 +9,13 @@
 #include <vector>
 
 #include <fcntl.h>
+#include <grp.h>
 #include <malloc.h>
 #include <sys/resource.h>
+#include <sys/socket.h>
 #include <sys/stat.h>
-#include <sys/times.h>
+#include <sys/un.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include "engine/engine_fixture.h"
@@ -215,6 +218,72 @@ TEST(LocalSocket, AMissingFolderIsMadeForTheHostAlone)
         Client client;
         client.connect_local(folder + "/console");
         client.until("LAB> ");
+    }
+    rmdir(folder.c_str());
+}
+
+namespace {
+
+constexpr gid_t STRANGER = 65534; // user and group
+
+// What somebody else sees who connects to the socket. Only root can be somebody else; any other user sees what he sees.
+std::string seen_by_a_stranger(const std::string& path)
+{
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    path.copy(address.sun_path, sizeof address.sun_path - 1);
+    int ends[2];
+    EXPECT_EQ(pipe2(ends, O_CLOEXEC), 0);
+    pid_t child = fork();
+    if (child == 0) {
+        bool is_other =
+            geteuid() != 0 || (setgroups(0, nullptr) == 0 && setgid(STRANGER) == 0 && setuid(STRANGER) == 0);
+        int fd = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+        char text[256] = "cannot connect";
+        ssize_t size = sizeof "cannot connect" - 1;
+        if (is_other && connect(fd, reinterpret_cast<sockaddr*>(&address), sizeof address) == 0)
+            size = recv(fd, text, sizeof text, 0);
+        _exit(size > 0 && write(ends[1], text, static_cast<std::size_t>(size)) == size ? 0 : 1);
+    }
+    close(ends[1]);
+    char text[256];
+    ssize_t size = read(ends[0], text, sizeof text);
+    close(ends[0]);
+    waitpid(child, nullptr, 0);
+    return {text, size > 0 ? static_cast<std::size_t>(size) : 0};
+}
+
+} // namespace
+
+TEST(LocalSocket, IsForRootTheHostsUserAndTheGroup)
+{
+    bool can_be_other = geteuid() == 0;
+    const std::string greeting = "Console of LAB.";
+    std::string folder = "/tmp/epon-shared-folder-" + std::to_string(getpid());
+    ASSERT_EQ(mkdir(folder.c_str(), 0755), 0);
+    std::string path = folder + "/console";
+    {
+        ConsoleServer server({}, {}, path);
+        if (can_be_other) {
+            EXPECT_EQ(seen_by_a_stranger(path), "cannot connect");
+            ASSERT_EQ(chmod(path.c_str(), 0666), 0); // somebody's mistake
+            EXPECT_EQ(seen_by_a_stranger(path), "% Not allowed here.\r\n");
+        }
+        Client own;
+        own.connect_local(path);
+        own.until(greeting);
+    }
+    const group* shared = getgrgid(can_be_other ? STRANGER : getgid());
+    ASSERT_NE(shared, nullptr);
+    engine::Options options;
+    options.socket_group = shared->gr_name;
+    path = folder + "/shared";
+    {
+        ConsoleServer server(options, {}, path);
+        EXPECT_TRUE(seen_by_a_stranger(path).starts_with(greeting));
+        struct stat status {};
+        ASSERT_EQ(stat(path.c_str(), &status), 0);
+        EXPECT_EQ(status.st_mode & 0777U, 0660U);
     }
     rmdir(folder.c_str());
 }
