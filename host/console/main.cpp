@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include <unistd.h>
+
 #include <CLI/CLI.hpp>
 
 #include "password_prompt.h"
@@ -13,8 +15,18 @@
 
 namespace {
 
+// Where a host that was started by hand, and the installed service, serve the console.
+constexpr const char* USUAL_SOCKETS[] = {"/var/run/zebra.vty", "/run/epon-host/console"};
+
+std::string usual_socket()
+{
+    for (const char* path : USUAL_SOCKETS)
+        if (access(path, F_OK) == 0) return path;
+    return USUAL_SOCKETS[0];
+}
+
 struct Wanted {
-    std::string socket = "/var/run/zebra.vty";
+    std::string socket;
     std::vector<std::string> commands;
     std::string file;
     std::string node;
@@ -28,9 +40,11 @@ void add_options(CLI::App& options, Wanted& wanted)
 {
     constexpr long LONGEST = 30L * 24 * 3600;
     options.set_version_flag("--version", "epon-console 2.0");
-    options.add_option("--socket", wanted.socket, "Local socket of the console")
+    options
+        .add_option("--socket", wanted.socket,
+                    "Local socket of the console; default: /var/run/zebra.vty, or that of the installed service")
         ->type_name("SOCKET")
-        ->capture_default_str();
+        ->envname("EPON_SOCKET");
     options.add_option("--node", wanted.node, "First go there: \"enable; configure terminal; olt 0\"")
         ->type_name("COMMANDS");
     CLI::Option* command =
@@ -105,6 +119,7 @@ int main(int argc, char** argv)
     bool interactive = wanted.commands.empty() && wanted.file.empty();
     if (interactive && (script.json || script.echo || script.keep_going || wanted.wait > 0 || wanted.limit > 0))
         return refuse("--json, --echo, --keep-going, --wait and --timeout go with -c or -f");
+    if (wanted.socket.empty()) wanted.socket = usual_socket();
     int connection = console::connect_local(wanted.socket, &error);
     if (connection < 0) return refuse(error);
     if (interactive) return run_interactive(connection, script.way);

@@ -119,6 +119,12 @@ def test_an_answer_that_takes_too_long(host, console):
     assert done.returncode == 1 and done.stderr == 'epon-console: "no olt 1": no answer within 1 s\n', done
 
 
+def test_the_socket_of_the_environment(host, console):
+    done = subprocess.run([console, "-c", "enable", "--echo"], env={"EPON_SOCKET": host.socket_path}, timeout=60,
+                          capture_output=True, check=False, encoding="utf-8")
+    assert (done.returncode, done.stdout, done.stderr) == (0, "VNS> enable\n", ""), done
+
+
 def test_wrong_options(host, console):
     for options in (["--json"], ["-f", "/no/such/file"], ["-c", "who", "-f", "-"], ["--wait", "-1", "-c", "who"],
                     ["--bla"], ["who"], ["-f", "/"]):
