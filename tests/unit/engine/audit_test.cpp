@@ -2,6 +2,7 @@
 // The audit record: its lines, what they never hold, and that nobody waits for them.
 #include "host/engine/audit.h"
 
+#include <cerrno>
 #include <fstream>
 #include <iterator>
 #include <regex>
@@ -82,11 +83,11 @@ TEST_F(AuditTest, WritesRfc5424)
     open();
     engine::audit(engine::Severity::Notice, "LOGIN", {{"user", "ann"}, {"from", "a\"\n<13>1 forged"}});
     std::string line = written();
-    EXPECT_TRUE(std::regex_match(
-        line, std::regex("<109>1 \\d{4}-\\d\\d-\\d\\dT\\d\\d:\\d\\d:\\d\\d\\.\\d{6}Z \\S+ engine_tests " +
-                         std::to_string(getpid()) +
-                         " LOGIN \\[console@32473 user=\"ann\" from=\"a\\\\\"\u240a<13>1 "
-                         "forged\"\\]\n")))
+    EXPECT_TRUE(
+        std::regex_match(line, std::regex("<109>1 \\d{4}-\\d\\d-\\d\\dT\\d\\d:\\d\\d:\\d\\d\\.\\d{6}Z \\S+ " +
+                                          std::string(program_invocation_short_name) + " " + std::to_string(getpid()) +
+                                          " LOGIN \\[console@32473 user=\"ann\" from=\"a\\\\\"\u240a<13>1 "
+                                          "forged\"\\]\n")))
         << line;
 }
 
