@@ -13,6 +13,7 @@
 
 #include "host/command_list.h"
 #include "host/engine/engine_host.h"
+#include "host/network_values.h"
 #include "host/node_rules.h"
 #include "host/refusal_lines.h"
 #include "host/sdk_sim/sdk_sim.h"
@@ -48,6 +49,7 @@ void start_console(unsigned short port)
     CLI_set_port(port);
     install_node_rules();
     install_secret_words();
+    install_network_values();
     engine::set_refusal_check(is_refusal_line);
     CLI_activate();
     install_simulate_commands();

@@ -18,7 +18,18 @@ struct Listing {
     bool ends = false;  // a command ends here
 };
 
-void add_token(Listing& listing, const Grammar& grammar, std::size_t token)
+// The grammar's words on the way to a state.
+std::vector<std::string_view> forms_before(const Walk& walk, const State& last)
+{
+    std::vector<std::string_view> forms(walk.words.size());
+    const State* at = &last;
+    for (std::size_t i = forms.size(); i-- > 0; at = &walk.state(at->parent))
+        forms[i] = at->grammar->form(at->token);
+    return forms;
+}
+
+// A word that can follow the state.
+void add_token(Listing& listing, const Walk& walk, const State& at, const Grammar& grammar, std::size_t token)
 {
     std::string_view form = grammar.form(token);
     if (grammar.token(token).kind == WordKind::Keyword) {
@@ -32,7 +43,7 @@ void add_token(Listing& listing, const Grammar& grammar, std::size_t token)
     }
     auto same = [form](const Candidate& value) { return value.word == form; };
     if (std::any_of(listing.values.begin(), listing.values.end(), same)) return;
-    listing.values.push_back({form, grammar.help(token), false});
+    listing.values.push_back({form, grammar.help(token), false, forms_before(walk, at)});
 }
 
 void add_state(Listing& listing, const Walk& walk, const State& at)
@@ -43,7 +54,7 @@ void add_state(Listing& listing, const Walk& walk, const State& at)
         bool more = token < at.grammar->token_count;
         for (; more; token++) {
             if (may_become(at.grammar->token(token).kind, at.grammar->form(token), listing.partial)) {
-                add_token(listing, *at.grammar, token);
+                add_token(listing, walk, at, *at.grammar, token);
             }
             more = !at.grammar->token(token).last_of_word;
         }
@@ -52,11 +63,11 @@ void add_state(Listing& listing, const Walk& walk, const State& at)
     const TreeNode& node = (*walk.nodes)[at.node];
     for (const Edge& edge : node.keywords_from(listing.partial)) {
         if (!form_of(edge).starts_with(listing.partial)) break;
-        add_token(listing, *edge.grammar, edge.token);
+        add_token(listing, walk, at, *edge.grammar, edge.token);
     }
     for (const Edge& edge : node.values()) {
         if (may_become(edge.grammar->token(edge.token).kind, form_of(edge), listing.partial)) {
-            add_token(listing, *edge.grammar, edge.token);
+            add_token(listing, walk, at, *edge.grammar, edge.token);
         }
     }
 }

@@ -40,6 +40,8 @@ struct Candidate {
     std::string_view word; // as the operator types or reads it: "max-rtt", "<0-255>", "OLT_INDEX"; "<cr>": end of line
     std::string_view help; // its help line, without newline
     bool literal = false;  // a keyword or alternative that completion may insert
+    // Of a value: the grammar's words that the words before it were taken for.
+    std::vector<std::string_view> before = {};
 };
 
 class CommandTree {

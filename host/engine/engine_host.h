@@ -8,6 +8,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include <epon/engine.h>
 
@@ -79,6 +80,25 @@ void for_each_element(Origin origin, const std::function<void(int node, const cm
 // Tells whether a printed line says that its command was refused, although the handler returned 0; for programs in
 // machine mode and for filters. null: no line says so.
 void set_refusal_check(bool (*check)(std::string_view line));
+
+// A word that an operator is about to type, and what the host knows of it.
+struct ValueQuestion {
+    struct Word {
+        std::string_view form; // the grammar's word: "OLT_INDEX"
+        std::string_view typed;
+    };
+    const vty& session;
+    std::string_view form;
+    std::span<const Word> before; // all words before it
+};
+struct LiveValue {
+    std::string word; // printable, without blanks
+    std::string help; // what it stands for
+};
+// Tells the values that exist now for a word of a grammar, in the order in which they are to be listed; none when there
+// is nothing to tell. Called on the console thread for "?" and completion, so it must not wait. null: nobody tells.
+using ValueSource = void (*)(const ValueQuestion& question, std::vector<LiveValue>* values);
+void set_value_source(ValueSource source);
 
 // --- While the console is served ----------------------------------------------------------------------------------
 

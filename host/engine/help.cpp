@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "host/engine/dispatch.h"
+#include "host/engine/live_values.h"
 #include "host/engine/nodes.h"
 
 namespace engine {
@@ -11,6 +12,7 @@ namespace {
 constexpr std::size_t WIDEST_WORD = 28; // longer words have their help on a line of its own
 constexpr std::size_t INDENT = 2, GAP = 2;
 constexpr std::size_t NARROWEST_HELP = 20;
+constexpr std::size_t VALUES_SHOWN = 64; // of one word, with what they stand for
 constexpr std::string_view FILTER_HELP = "Filter the answer: include, exclude, count, json ...";
 
 std::size_t screen_width(const Session& session)
@@ -75,35 +77,70 @@ void append_entry(std::string_view word, std::string_view help, std::size_t word
     }
 }
 
-std::string table(const std::vector<Candidate>& entries, std::size_t width, const char* end)
+// One line of help.
+struct Row {
+    std::string word;
+    std::string help;
+};
+
+std::string table(const std::vector<Row>& rows, std::size_t width, const char* end)
 {
     std::size_t word_width = 0;
-    for (const Candidate& entry : entries) {
-        std::size_t columns = columns_of(entry.word);
+    for (const Row& row : rows) {
+        std::size_t columns = columns_of(row.word);
         if (columns <= WIDEST_WORD) word_width = std::max(word_width, columns);
     }
     std::string text;
-    for (const Candidate& entry : entries)
-        append_entry(entry.word, entry.help, word_width, width, end, &text);
+    for (const Row& row : rows)
+        append_entry(row.word, row.help, word_width, width, end, &text);
     return text;
 }
 
 // Words side by side.
-std::string columns(const std::vector<Candidate>& entries, std::size_t width, const char* end)
+std::string columns(const std::vector<std::string>& words, std::size_t width, const char* end)
 {
     std::size_t cell = GAP;
-    for (const Candidate& entry : entries)
-        cell = std::max(cell, columns_of(entry.word) + GAP);
+    for (const std::string& word : words)
+        cell = std::max(cell, columns_of(word) + GAP);
     std::size_t per_line = std::max<std::size_t>(1, (width - 1) / std::max<std::size_t>(1, cell));
     std::string text;
-    for (std::size_t i = 0; i < entries.size(); ++i) {
-        text += entries[i].word;
-        if ((i + 1) % per_line == 0 || i + 1 == entries.size())
+    for (std::size_t i = 0; i < words.size(); ++i) {
+        text += words[i];
+        if ((i + 1) % per_line == 0 || i + 1 == words.size())
             text += end;
         else
-            text.append(cell - columns_of(entries[i].word), ' ');
+            text.append(cell - columns_of(words[i]), ' ');
     }
     return text;
+}
+
+// What can stand at a position, and what of it can be spelt out.
+struct Choices {
+    std::vector<Row> rows;          // for help: live values stand below the word that they are values of
+    std::vector<std::string> words; // keywords and live values that begin with what was typed
+    bool complete = true;           // there is nothing else
+};
+
+Choices choices_at(const Session& session, std::string_view before_cursor, Position* position)
+{
+    Choices choices;
+    for (const Candidate& entry : candidates_at(session, before_cursor, position)) {
+        choices.rows.push_back({std::string(entry.word), std::string(entry.help)});
+        if (entry.literal) {
+            if (entry.word.starts_with(position->partial)) choices.words.emplace_back(entry.word);
+            continue;
+        }
+        std::vector<LiveValue> values = live_values(session, entry, position->words, position->partial);
+        for (const LiveValue& value : values) {
+            choices.words.push_back(value.word);
+            if (&value - values.data() < static_cast<std::ptrdiff_t>(VALUES_SHOWN))
+                choices.rows.push_back({"  " + value.word, value.help});
+        }
+        if (values.size() > VALUES_SHOWN)
+            choices.rows.push_back({"  ...", std::to_string(values.size() - VALUES_SHOWN) + " more; TAB lists all"});
+        if (values.empty()) choices.complete = false;
+    }
+    return choices;
 }
 
 std::size_t common_length(std::string_view a, std::string_view b)
@@ -127,35 +164,31 @@ std::string help_text(const Session& session, std::string_view before_cursor)
         return lines + end;
     }
     Position position;
-    std::vector<Candidate> entries = candidates_at(session, before_cursor, &position);
-    if (entries.empty()) return std::string(NO_HELP) + end;
-    return table(entries, screen_width(session), end);
+    Choices choices = choices_at(session, before_cursor, &position);
+    if (choices.rows.empty()) return std::string(NO_HELP) + end;
+    return table(choices.rows, screen_width(session), end);
 }
 
 Completion complete(const Session& session, std::string_view before_cursor)
 {
     if (rules_of(session.node).raw_line != nullptr) return {};
     Position position;
-    std::vector<Candidate> entries = candidates_at(session, before_cursor, &position);
-    std::vector<std::string_view> literals;
-    for (const Candidate& entry : entries)
-        if (entry.literal && std::string_view(entry.word).starts_with(position.partial)) literals.push_back(entry.word);
-
-    bool only_literal = literals.size() == 1 && (entries.size() == 1 || !position.partial.empty());
-    if (only_literal) return {std::string(literals[0].substr(position.partial.size())) + ' ', {}};
-    if (!literals.empty() && !position.partial.empty()) {
-        std::size_t length = literals[0].size();
-        for (std::string_view literal : literals)
-            length = std::min(length, common_length(literals[0], literal));
-        if (length > position.partial.size())
-            return {std::string(literals[0].substr(position.partial.size(), length - position.partial.size())), {}};
+    Choices choices = choices_at(session, before_cursor, &position);
+    const std::vector<std::string>& words = choices.words;
+    std::size_t typed = position.partial.size();
+    if (words.size() == 1 && (choices.complete || typed > 0)) return {words[0].substr(typed) + ' ', {}};
+    if (!words.empty() && typed > 0) {
+        std::size_t length = words[0].size();
+        for (const std::string& word : words)
+            length = std::min(length, common_length(words[0], word));
+        if (length > typed) return {words[0].substr(typed, length - typed), {}};
     }
-    if (entries.empty()) return {};
-    // Values have no spelling to complete; their help says what they are.
-    bool values = literals.size() < entries.size();
+    if (choices.rows.empty()) return {};
+    // What has no spelling to complete has help that says what it is.
+    bool spelt = choices.complete || (typed > 0 && !words.empty());
     return {{},
-            values ? table(entries, screen_width(session), newline(session))
-                   : columns(entries, screen_width(session), newline(session))};
+            spelt ? columns(words, screen_width(session), newline(session))
+                  : table(choices.rows, screen_width(session), newline(session))};
 }
 
 } // namespace engine

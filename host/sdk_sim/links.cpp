@@ -30,6 +30,19 @@ const char* rate_name(OnuRate rate)
 
 } // namespace
 
+std::vector<OltDescription> olts()
+{
+    std::vector<OltDescription> all;
+    const ModelLock network;
+    for (const Olt& olt : network->olts) {
+        if (!olt.is_present) continue;
+        OltDescription description{olt.id, "", olt.onus.size(), count_registered(olt)};
+        append_mac(&description.mac, olt.mac.data());
+        all.push_back(std::move(description));
+    }
+    return all;
+}
+
 std::vector<LinkDescription> links()
 {
     std::vector<LinkDescription> all;

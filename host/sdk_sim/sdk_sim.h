@@ -84,7 +84,16 @@ bool raise_event(int kind, std::int16_t olt_id, std::string_view values, std::st
 // former receiver is not called any more once this returns.
 void set_firmware_console(void (*print)(const char* text));
 
-// --- The links of the network -------------------------------------------------------------------------------------
+// --- The OLTs and links of the network ----------------------------------------------------------------------------
+
+struct OltDescription {
+    std::int16_t id;
+    std::string mac;        // "02-4e-50-40-00-00"
+    std::size_t links;      // that it knows
+    std::size_t registered; // of these
+};
+// The OLTs present, by index.
+std::vector<OltDescription> olts();
 
 struct LinkDescription {
     std::int16_t olt_id, id;
