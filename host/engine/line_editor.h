@@ -3,25 +3,31 @@
 #pragma once
 
 #include <cstddef>
-#include <deque>
 #include <string>
 #include <string_view>
+
+#include "host/engine/history.h"
 
 namespace engine {
 
 // Longest line, in bytes. A longer one is taken to its end and refused as a whole.
 constexpr std::size_t LINE_LIMIT = 16384;
-constexpr std::size_t HISTORY_LINES = 200;
-constexpr std::size_t HISTORY_BYTES = 64 * 1024;
 
 // Columns that a text takes on the screen: one for each character of its UTF-8.
 std::size_t columns_of(std::string_view text);
 
-// Bytes that mean something: printable ASCII and printable UTF-8 are inserted; CR and LF end the line;
-// BS and DEL erase; ^A ^E ^B ^F, arrows, home and end move; ^P ^N and the vertical arrows walk the history; ^U, ^K and
-// ^W erase to the start, to the end and one word; delete and ^D erase under the cursor; ^C, ^L and TAB are actions, and
-// so is ^D in an empty line. Every other control byte and escape sequence, and NUL, is ignored. A line with bytes that
-// are no printable UTF-8 is marked as refused, so that nothing runs that differs from what was sent.
+// Bytes that mean something: printable ASCII and printable UTF-8 are inserted; CR and LF end the line; BS and DEL
+// erase.
+//
+//   ^A ^E home end  start, end             ^U ^K ^W        erase to the start, to the end, the word before
+//   ^B ^F arrows    one character          ^D delete       erase under the cursor; ^D leaves an empty line
+//   ESC b, ESC f    one word               ESC d, ESC DEL  erase the word behind, before
+//   ^P ^N arrows    earlier, later lines   ^Y              put back what was erased last
+//   ^R              look for an earlier one   ^V           type the next key as it is ("?")
+//   ^C ^L TAB ?     actions
+//
+// Every other control byte and escape sequence, and NUL, is ignored. A line with bytes that are no printable UTF-8 is
+// marked as refused, so that nothing runs that differs from what was sent.
 class LineEditor {
   public:
     enum class Action { None, Line, Help, Complete, Interrupt, Leave, Redraw };
@@ -38,12 +44,12 @@ class LineEditor {
         Action action;
     };
 
-    // Starts an empty line behind a prompt of that many columns.
-    void begin(std::size_t prompt_columns, const Mode& mode);
+    // Starts an empty line behind a prompt, which is on the screen already.
+    void begin(std::string_view prompt, const Mode& mode);
     void set_echo(bool echo);
     // Width of the client's terminal; 0 when it did not say, and then nothing but backspaces and blanks moves the
-    // cursor.
-    void set_width(std::size_t columns);
+    // cursor. A line that wraps is drawn anew.
+    void set_width(std::size_t columns, std::string* echo);
 
     // Takes bytes up to the first one that asks for an action, or until a stretch of echo is full.
     Fed feed(std::string_view bytes, std::string* echo);
@@ -85,13 +91,17 @@ class LineEditor {
     void insert(std::string_view piece, std::string* echo);
     // Takes prompt and line off the screen, to print something in their place.
     void erase(std::string* echo);
-    // Puts the line back on the screen, behind a fresh prompt.
-    void redraw(std::string_view prompt, std::string* echo);
+    // Puts prompt and line on the screen.
+    void draw(std::string* echo);
+    // An empty screen with prompt and line at its top; on a client that moves no cursor, the line once more.
+    void clear_screen(std::string* echo);
+    // Inserts what completion found; a blank that is there already is not typed twice.
+    void complete(std::string_view piece, std::string* echo);
 
     void remember(std::string_view line);
     const std::deque<std::string>& history() const
     {
-        return past;
+        return past.lines();
     }
     // Forgets line, history, screen and half-received sequences: a new operator.
     void reset();
@@ -99,9 +109,20 @@ class LineEditor {
   private:
     enum class Escape { None, Start, Csi, Ss3 };
 
+    // Looking for an earlier line (line_search.cpp).
+    struct Search {
+        bool on = false;
+        bool failed = false;
+        std::size_t at = 0; // the line found; past.size() before there is one
+        std::string sought;
+        std::string line; // what was being typed
+        std::size_t cursor = 0;
+    };
+
     Action control(unsigned char byte, std::string* echo);
     void escape(unsigned char byte, std::string* echo);
     void cursor_key(unsigned char final_byte, std::string* echo);
+    void word_key(unsigned char byte, std::string* echo);
     void non_ascii(unsigned char byte, std::string* echo);
     Action end_line(std::string* echo);
     bool shown() const
@@ -111,14 +132,23 @@ class LineEditor {
     std::size_t column(std::size_t offset) const;
     std::size_t previous(std::size_t offset) const;
     std::size_t next(std::size_t offset) const;
+    std::size_t word_before(std::size_t offset) const;
+    std::size_t word_behind(std::size_t offset) const;
     void put(std::string_view piece, std::size_t end_column, std::string* echo);
     void move_back(std::size_t from, std::size_t to, std::string* echo);
     void move_to(std::size_t offset, std::string* echo);
     void remove(std::size_t from, std::size_t to, std::string* echo);
     void replace(std::string line, std::string* echo);
+    void kill(std::size_t from, std::size_t to, std::string* echo);
     void walk_history(int step, std::string* echo);
+    void begin_search(std::string* echo);
+    bool search_key(unsigned char byte, std::string* echo);
+    void look_back(std::size_t end);
+    void end_search(bool given_up, std::string* echo);
+    std::string shown_prompt() const;
 
     Mode mode;
+    std::string prompt_text;
     std::size_t prompt_width = 0;
     std::size_t screen_width = 0;
     std::string text;
@@ -128,10 +158,12 @@ class LineEditor {
     bool foreign = false;
     bool discarding = false; // line mode: the rest of a line that asked for help
     Escape escape_state = Escape::None;
-    unsigned escape_number = 0;
+    unsigned escape_number = 0, escape_modifier = 0;
+    bool quoted = false;  // the next byte is meant as it is
     std::string sequence; // bytes of an unfinished UTF-8 character
-    std::deque<std::string> past;
-    std::size_t past_bytes = 0;
+    std::string killed;   // taken out last, for Ctrl-Y
+    Search search;
+    History past;
     std::size_t past_at = 0; // past.size(): the line being typed
     std::string draft;       // that line, while the operator looks at older ones
 };

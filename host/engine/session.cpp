@@ -98,7 +98,9 @@ void adopt_screen_size(Session& session)
 {
     // Only a client that told its size is taken for a terminal that escape sequences move about on.
     bool told = session.telnet && session.telnet->columns > 0;
-    session.editor.set_width(told ? screen_columns(session) : 0);
+    std::string echo;
+    session.editor.set_width(told ? screen_columns(session) : 0, &echo);
+    if (session.at_prompt) append_output(session, echo);
     if (session.pager.waits()) session.pager.resize(screen_rows(session), screen_columns(session));
 }
 
@@ -294,7 +296,7 @@ vty* open_memory_session(int type)
     Session* session = take_session(type);
     if (session == nullptr) return nullptr;
     session->from = "memory";
-    session->editor.begin(0, LineEditor::Mode{});
+    session->editor.begin("", LineEditor::Mode{});
     publish(*session);
     return session;
 }

@@ -47,7 +47,7 @@ void show_prompt(Session& session)
         mode.plain = true;
     }
     std::string text = prompt_of(session);
-    session.editor.begin(columns_of(text), mode);
+    session.editor.begin(text, mode);
     if (session.machine)
         send_answer(session, text);
     else
@@ -59,7 +59,7 @@ void show_prompt(Session& session)
 void restore_line(Session& session)
 {
     std::string text;
-    session.editor.redraw(prompt_of(session), &text);
+    session.editor.draw(&text);
     append_output(session, text);
 }
 
@@ -172,7 +172,7 @@ void complete_word(Session& session)
     Completion completion =
         complete(session, std::string_view(session.editor.line()).substr(0, session.editor.cursor()));
     std::string text;
-    if (!completion.insert.empty()) session.editor.insert(completion.insert, &text);
+    if (!completion.insert.empty()) session.editor.complete(completion.insert, &text);
     append_output(session, text);
     if (completion.listing.empty()) return;
     show_below(session, completion.listing);
@@ -213,9 +213,8 @@ bool act(Session& session, LineEditor::Action action)
         return true;
     case LineEditor::Action::Redraw: {
         std::string text;
-        session.editor.erase(&text);
+        session.editor.clear_screen(&text);
         append_output(session, text);
-        restore_line(session);
         return false;
     }
     }

@@ -35,8 +35,9 @@ LineEditor editor_with(const LineEditor::Mode& mode = {}, std::size_t width = 0)
 {
     LineEditor editor;
     editor.reset();
-    editor.set_width(width);
-    editor.begin(2, mode);
+    std::string ignored;
+    editor.set_width(width, &ignored);
+    editor.begin("> ", mode);
     return editor;
 }
 
@@ -55,10 +56,11 @@ std::string screen(std::string_view text, std::size_t width = 0)
             if (width > 0 && column == width) column = width - 1;
             if (column > 0) --column;
         } else if (c == 0x1b) {
-            std::size_t end = text.find_first_of("ACJ", i);
+            std::size_t end = text.find_first_of("ACHJ", i);
             std::size_t count = std::max(1, atoi(std::string(text.substr(i + 2, end - i - 2)).c_str()));
             if (text[end] == 'A') row -= std::min(row, count);
             if (text[end] == 'C') column += count;
+            if (text[end] == 'H') row = column = 0;
             if (text[end] == 'J') {
                 rows[row].resize(std::min(rows[row].size(), column));
                 rows.resize(row + 1);
@@ -121,6 +123,23 @@ const Row rows[] = {
     {"ctrl-U in the middle", "abcd\x1b[D\x15"sv, "d", 0, "> d\n"},
     {"ctrl-K", "abcd\x01\x06\x0b"sv, "a", 1, "> a\n"},
     {"ctrl-W", "show olt  one  \x17"sv, "show olt  ", 10, "> show olt\n"},
+    {"word moves",
+     "one two three\x1b"
+     "b\x1b"
+     "bX\x1b"
+     "fY"sv,
+     "one XtwoY three", 9, "> one XtwoY three\n"},
+    {"word moves by arrows", "one two three\x1b[1;5D\x1b[1;5DX\x1b[1;5CY\x1b[1;3C\x1b[1;3CZ"sv, "one XtwoY threeZ", 16,
+     "> one XtwoY threeZ\n"},
+    {"words erased",
+     "one two three\x1b"
+     "b\x1b"
+     "b\x1b"
+     "d\x1b\x7fx"sv,
+     "x three", 1, "> x three\n"},
+    {"what was erased comes back", "one two\x17\x01\x19 "sv, "two one ", 4, "> two one\n"},
+    {"ctrl-V makes a key a character", "ab\x16?c\x16?"sv, "ab?c?", 5, "> ab?c?\n"},
+    {"ctrl-V before a control byte", "ab\x16\bc"sv, "ac", 2, "> ac\n"},
     {"ctrl-W on one word", "show\x17"sv, "", 0, ">\n"},
     {"NUL ignored", "sh\0ow"sv, "show", 4, "> show\n"},
     {"control bytes ignored", "s\x07h\x0eo\x1dw"sv, "show", 4, "> show\n"},
@@ -156,7 +175,7 @@ TEST(LineEditor, NeedsNoEscapeSequencesWithoutTerminal)
         Typed typed = type(editor, row.bytes);
         std::string more;
         editor.erase(&more);
-        editor.redraw("> ", &more);
+        editor.draw(&more);
         EXPECT_EQ((typed.echo + more).find('\x1b'), std::string::npos) << row.name;
     }
 }
@@ -172,7 +191,7 @@ TEST(LineEditor, EndsLinesInEveryWay)
             rest.remove_prefix(taken);
             if (action != Action::Line) continue;
             lines += editor.line() + ';';
-            editor.begin(2, {});
+            editor.begin("> ", {});
         }
         EXPECT_EQ(lines, "a;b;");
         EXPECT_EQ(echo, "a\r\nb\r\n");
@@ -220,7 +239,7 @@ TEST(LineEditor, KeepsAPasswordFromTheScreenAndTheHistory)
 {
     LineEditor editor = editor_with({.secret = true});
     editor.remember("earlier");
-    editor.begin(10, {.secret = true});
+    editor.begin("Password: ", {.secret = true});
     Typed typed = type(editor, "a?b\x1b[A\b\bc\tx\r"sv);
     EXPECT_EQ(typed.line, "ac\tx");
     EXPECT_EQ(typed.echo, "\r\n");
@@ -234,7 +253,7 @@ TEST(LineEditor, StaysSilentWithoutEcho)
     EXPECT_EQ(typed.line, "show olt");
     EXPECT_EQ(typed.echo, "");
 
-    editor.begin(2, {.echo = false});
+    editor.begin("> ", {.echo = false});
     typed = type(editor, "show ?more?\n"sv);
     EXPECT_EQ(typed.actions, (std::vector<Action>{Action::Help, Action::Line}));
     EXPECT_EQ(typed.line, "") << "a line that asked for help is not executed";
@@ -279,14 +298,14 @@ TEST(LineEditor, MarksALineThatIsTooLong)
     Typed typed = type(editor, std::string(engine::LINE_LIMIT, 'a') + "\r");
     EXPECT_FALSE(editor.too_long());
     EXPECT_EQ(typed.line.size(), engine::LINE_LIMIT);
-    editor.begin(2, {});
+    editor.begin("> ", {});
     typed = type(editor, std::string(engine::LINE_LIMIT + 1, 'a') + "\r");
     EXPECT_TRUE(editor.too_long());
-    editor.begin(2, {});
+    editor.begin("> ", {});
     type(editor, std::string(engine::LINE_LIMIT - 1, 'a') + "\xc3\xa4\r");
     EXPECT_TRUE(editor.too_long());
     EXPECT_EQ(editor.line().size(), engine::LINE_LIMIT - 1) << "no half characters";
-    editor.begin(2, {});
+    editor.begin("> ", {});
     type(editor, "b\r");
     EXPECT_FALSE(editor.too_long());
 }
@@ -330,7 +349,7 @@ TEST(LineEditor, TakesTheLineOffTheScreenAndPutsItBack)
                 editor.erase(&seen);
                 EXPECT_EQ(screen(seen, width), "\n");
                 seen += "event\r\n";
-                editor.redraw("> ", &seen);
+                editor.draw(&seen);
                 seen += type(editor, "*").echo;
                 std::string expected = text;
                 expected.insert(length - std::min(left, length), "*");
@@ -368,4 +387,153 @@ TEST(LineEditor, BoundsTheEchoOfOneCall)
     EXPECT_LT(taken, 10U);
     EXPECT_EQ(action, Action::None);
     EXPECT_LT(echo.size(), 100000U);
+}
+
+// --- Looking for an earlier line ----------------------------------------------------------------------------------
+
+namespace {
+
+LineEditor editor_with_history(std::size_t width = 0)
+{
+    LineEditor editor = editor_with({}, width);
+    for (const char* line : {"show olt version", "olt 0", "show history", "exit"})
+        editor.remember(line);
+    editor.begin("> ", {});
+    return editor;
+}
+
+} // namespace
+
+TEST(LineSearch, FindsEarlierLines)
+{
+    struct {
+        std::string_view bytes;
+        const char* line;
+        std::size_t cursor;
+        const char* seen;
+    } const cases[] = {
+        {"\x12", "", 0, "(search)`':\n"},
+        {"typed\x12", "typed", 5, "(search)`': typed\n"},
+        {"\x12sh", "show history", 0, "(search)`sh': show history\n"},
+        {"\x12hist", "show history", 5, "(search)`hist': show history\n"},
+        {"\x12show\x12", "show olt version", 0, "(search)`show': show olt version\n"},
+        {"\x12show\x12\x12", "show olt version", 0, "(no line with `show') show olt version\n"},
+        {"\x12olt", "olt 0", 0, "(search)`olt': olt 0\n"},
+        {"\x12olt v", "show olt version", 5, "(search)`olt v': show olt version\n"},
+        {"\x12olt v\b\b", "olt 0", 0, "(search)`olt': olt 0\n"},
+        {"x\x12zzz", "x", 1, "(no line with `zzz') x\n"},
+        {"\x12hist\x1b[Cx", "show hxistory", 7, "> show hxistory\n"},
+        {"\x12hist\x05x", "show historyx", 13, "> show historyx\n"},
+        {"typed\x12hist\x07", "typed", 5, "> typed\n"},
+        {"typed\x02\x12hist\x07x", "typexd", 5, "> typexd\n"},
+        {"typed\x12\x7f", "typed", 5, "> typed\n"},
+        {"\x12olt v\x1b[B", "olt 0", 5, "> olt 0\n"}, // the arrows go on from there
+    };
+    for (const auto& row : cases) {
+        for (std::size_t width : {0, 80, 12}) {
+            LineEditor editor = editor_with_history(width);
+            Typed typed = type(editor, row.bytes, 1);
+            EXPECT_EQ(typed.line, row.line) << row.seen;
+            EXPECT_EQ(typed.cursor, row.cursor) << row.seen;
+            EXPECT_TRUE(typed.actions.empty());
+            if (width == 12) continue; // wrapped; its rows are looked at below
+            EXPECT_EQ(screen("> " + typed.echo, width), row.seen) << width;
+        }
+    }
+}
+
+TEST(LineSearch, ExecutesWhatItFound)
+{
+    LineEditor editor = editor_with_history();
+    Typed typed = type(editor, "\x12show o\r");
+    EXPECT_EQ(typed.actions, std::vector<Action>{Action::Line});
+    EXPECT_EQ(typed.line, "show olt version");
+    EXPECT_EQ(screen("> " + typed.echo), "> show olt version\n") << "behind the prompt, as if typed";
+    editor.begin("> ", {});
+    typed = type(editor, "\x12show o\t");
+    EXPECT_EQ(typed.actions, std::vector<Action>{Action::Complete});
+    editor.begin("> ", {});
+    typed = type(editor, "\x12show?");
+    EXPECT_TRUE(typed.actions.empty()) << "\"?\" is looked for, too";
+    editor.begin("> ", {});
+    EXPECT_EQ(type(editor, "\x12show\x03").actions, std::vector<Action>{Action::Interrupt});
+}
+
+TEST(LineSearch, IsNotForPasswordsNorForPrograms)
+{
+    for (LineEditor::Mode mode : {LineEditor::Mode{.secret = true}, LineEditor::Mode{.echo = false}}) {
+        LineEditor editor = editor_with_history();
+        editor.begin("> ", mode);
+        Typed typed = type(editor, "a\x12show");
+        EXPECT_EQ(typed.line, "ashow");
+        EXPECT_EQ(typed.echo, "");
+    }
+}
+
+TEST(LineSearch, DrawsWrappedRows)
+{
+    for (std::size_t width = 5; width < 40; ++width) {
+        LineEditor editor = editor_with_history(width);
+        std::string seen = "above\r\n> ";
+        seen += type(editor, "\x12show", 1).echo;
+        std::string expected = "above\r\n(search)`show': show history\r" + std::string(0, ' ');
+        EXPECT_EQ(screen(seen, width), screen(expected, width)) << width;
+        seen += type(editor, "\x07", 1).echo;
+        EXPECT_EQ(screen(seen, width), screen("above\r\n> ", width)) << width;
+    }
+}
+
+// --- The screen ---------------------------------------------------------------------------------------------------
+
+TEST(LineScreen, FollowsTheWidthOfTheTerminal)
+{
+    // A terminal whose rows stay as they are when it grows.
+    LineEditor editor = editor_with({}, 20);
+    std::string seen = "above\r\n> ";
+    seen += type(editor, "a line that is longer than twenty").echo;
+    std::string before = screen(seen, 20);
+    std::string redrawn;
+    editor.set_width(60, &redrawn);
+    EXPECT_EQ(redrawn, "\r\x1b[J> a line that is longer than twenty") << "nothing above may be lost";
+    redrawn.clear();
+    editor.set_width(60, &redrawn);
+    EXPECT_EQ(redrawn, "") << "no change";
+    // From then on the new width counts.
+    std::string more = "> a line that is longer than twenty" + type(editor, "\x01").echo;
+    EXPECT_EQ(more.find('\x1b'), std::string::npos) << "one row";
+    redrawn.clear();
+    editor.set_width(30, &redrawn);
+    EXPECT_TRUE(redrawn.starts_with("\r\x1b[J> a line")) << redrawn;
+    redrawn.clear();
+    editor.begin("> ", {});
+    type(editor, "short");
+    editor.set_width(10, &redrawn);
+    EXPECT_EQ(redrawn, "") << "a short line stays where it is";
+    editor.set_width(0, &redrawn);
+    EXPECT_EQ(redrawn, "");
+}
+
+TEST(LineScreen, IsCleared)
+{
+    LineEditor editor = editor_with({}, 20);
+    std::string echo = "rows\r\nabove\r\n> " + type(editor, "abc\x02").echo;
+    editor.clear_screen(&echo);
+    EXPECT_EQ(screen(echo, 20), "> abc\n");
+    LineEditor plain = editor_with();
+    type(plain, "abc");
+    echo.clear();
+    plain.clear_screen(&echo);
+    EXPECT_EQ(echo.find('\x1b'), std::string::npos) << "no sequences for who did not tell a size";
+}
+
+TEST(LineScreen, TakesCompletionsInTheMiddle)
+{
+    LineEditor editor = editor_with();
+    std::string echo;
+    type(editor, "sh olt\x1b[D\x1b[D\x1b[D\x1b[D");
+    editor.complete("ow ", &echo);
+    EXPECT_EQ(editor.line(), "show olt") << "one blank only";
+    EXPECT_EQ(editor.cursor(), 5U);
+    editor.complete("my", &echo);
+    EXPECT_EQ(editor.line(), "show myolt");
 }
