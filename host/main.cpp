@@ -109,6 +109,9 @@ void add_limit_options(CLI::App* app, engine::Options* options)
     app->add_option("--max-sessions", options->max_sessions, "Sessions at a time; one is kept for the local socket")
         ->check(CLI::Range(2, 64))
         ->capture_default_str();
+    app->add_option("--save-dir", options->save_directory,
+                    "Directory for the answers that operators save with \"| save FILE\"; without it they cannot")
+        ->type_name("FOLDER");
     app->add_option("--socket-group", options->socket_group,
                     "Group that may use the local socket, beside root and the host's own user")
         ->type_name("GROUP");

@@ -36,20 +36,23 @@ int close_console(cmd_element*, vty* session, int, char**)
 int show_help(cmd_element*, vty* session, int, char**)
 {
     static constexpr std::string_view lines[] = {
-        "A command is a line of words. Each word may be cut short while it stays the only",
-        "one that fits: \"sh hist\" is \"show history\".",
+        "Type a command and Enter. To look at the first OLT, for example:",
         "",
-        "  ?         what can be typed here, at any place of a line, with what it means",
-        "  TAB       completes the word, or shows how it could go on",
-        "  up, down  earlier lines of this session",
-        "  Ctrl-C    drops the line, Ctrl-U erases it, Ctrl-W erases a word",
+        "  enable                  from the view node (>) to the enable node (#)",
+        "  configure terminal      from there to the configuration node",
+        "  olt 0                   into the context of OLT 0",
+        "  show olt parameters     what is set there",
+        "  exit, end               one node up; back to the enable node",
+        "  quit                    closes the session",
         "",
-        "  enable               from the view node (>) to the enable node (#)",
-        "  configure terminal   from there to the configuration node",
-        "  exit                 one node up; closes the session at the top",
-        "  end                  back to the enable node",
-        "  list                 all commands of this node",
-        "  quit                 closes the session",
+        "Keys: ? shows what can be typed, at any place of a line, and what it means;",
+        "TAB completes; up, down and Ctrl-R find earlier lines; Ctrl-C drops the line.",
+        "Words may be cut short while they stay clear: \"sh hist\" is \"show history\".",
+        "",
+        "  list                    all commands of this node",
+        "  COMMAND | include RE    a part of an answer; \"COMMAND | ?\" shows the others",
+        "  terminal length 0       long answers do not wait for a key",
+        "  event-notify            prints what happens as it happens",
     };
     for (std::string_view line : lines)
         print_line(*session_of(session), line);

@@ -56,11 +56,7 @@ void LineEditor::set_width(std::size_t columns, std::string* echo)
     }
     // Some terminals lay their rows out anew, others do not. Of the rows that the line may reach up, only those are
     // taken that are its own on both kinds, so that nothing above is lost.
-    std::size_t here = column(at) - (wrap_pending ? 1 : 0);
-    std::size_t up = std::min(here / screen_width, here / columns);
-    *echo += '\r';
-    if (up > 0) *echo += "\x1b[" + std::to_string(up) + 'A';
-    *echo += "\x1b[J";
+    go_to_start(std::min(here() / screen_width, here() / columns), echo);
     screen_width = columns;
     draw(echo);
 }
@@ -172,8 +168,7 @@ void LineEditor::erase(std::string* echo)
         echo->append(mode.secret ? prompt_width : end, ' ');
         *echo += '\r';
     } else {
-        move_back(mode.secret ? prompt_width : column(at), 0, echo);
-        *echo += "\r\x1b[J";
+        go_to_start(std::min(here(), mode.secret ? prompt_width : here()) / screen_width, echo);
     }
     wrap_pending = false;
 }
@@ -250,6 +245,20 @@ void LineEditor::put(std::string_view piece, std::size_t end_column, std::string
     if (piece.empty()) return;
     *echo += piece;
     wrap_pending = screen_width > 0 && end_column > 0 && end_column % screen_width == 0;
+}
+
+// Where the cursor is, counted from the start of the prompt; behind a full row it hangs on that row's last column.
+std::size_t LineEditor::here() const
+{
+    return column(at) - (wrap_pending ? 1 : 0);
+}
+
+// Climbs to the row of the prompt and clears the screen from there.
+void LineEditor::go_to_start(std::size_t rows, std::string* echo)
+{
+    *echo += '\r';
+    if (rows > 0) *echo += "\x1b[" + std::to_string(rows) + 'A';
+    *echo += "\x1b[J";
 }
 
 void LineEditor::move_back(std::size_t from, std::size_t to, std::string* echo)

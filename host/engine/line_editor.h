@@ -135,6 +135,8 @@ class LineEditor {
     std::size_t word_before(std::size_t offset) const;
     std::size_t word_behind(std::size_t offset) const;
     void put(std::string_view piece, std::size_t end_column, std::string* echo);
+    std::size_t here() const;
+    static void go_to_start(std::size_t rows, std::string* echo);
     void move_back(std::size_t from, std::size_t to, std::string* echo);
     void move_to(std::size_t offset, std::string* echo);
     void remove(std::size_t from, std::size_t to, std::string* echo);

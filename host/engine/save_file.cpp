@@ -2,6 +2,7 @@
 #include "host/engine/save_file.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cctype>
 #include <cerrno>
 #include <cstring>
@@ -18,7 +19,7 @@
 namespace engine {
 namespace {
 
-int directory = -1;
+std::atomic<int> directory{-1};
 
 std::size_t files_in(int folder)
 {
@@ -145,8 +146,7 @@ bool set_save_directory(const std::string& path, std::string* error)
             return false;
         }
     }
-    if (directory >= 0) close(directory);
-    directory = opened;
+    if (int former = directory.exchange(opened); former >= 0) close(former);
     return true;
 }
 

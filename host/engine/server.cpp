@@ -23,6 +23,7 @@
 #include "host/engine/log.h"
 #include "host/engine/login.h"
 #include "host/engine/nodes.h"
+#include "host/engine/save_file.h"
 #include "host/engine/statistics.h"
 #include "host/engine/terminal.h"
 
@@ -284,6 +285,7 @@ bool prepare(const Options& options, std::string* error)
         return false;
     auto known = load_credentials(options, error);
     if (known == nullptr || !open_audit(options.audit, error)) return false;
+    if (!set_save_directory(options.save_directory, error)) return false;
     std::uint16_t bound = 0;
     int fd = options.serve ? listen_tcp(options.listen_address, options.port, &bound, error) : -1;
     if (options.serve && fd < 0) return false;

@@ -3,11 +3,18 @@
 #include "host/engine/filter.h"
 
 #include <chrono>
+#include <fstream>
+#include <thread>
+
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
 #include "engine/engine_fixture.h"
+
+#include "host/engine/save_file.h"
 
 using engine::FilterChain;
 
@@ -288,6 +295,70 @@ TEST_F(FilteredSession, ShowsErrorsAsTheyAre)
     EXPECT_EQ(nlohmann::json::parse(type("fail | json"))["error"]["code"], -1007);
     EXPECT_EQ(outcome.result, -1007);
     EXPECT_EQ(type("say after"), "say after:1:after\r\n") << "the next line has no filter";
+}
+
+TEST_F(FilteredSession, SavesIntoNewFilesOnly)
+{
+    char folder_name[] = "/tmp/epon-engine-save-XXXXXX";
+    const std::string folder = mkdtemp(folder_name);
+    std::string error;
+    ASSERT_TRUE(engine::set_save_directory(folder, &error)) << error;
+    EXPECT_EQ(engine::filter_candidates({}, "sav").at(0).word, "save");
+
+    EXPECT_EQ(type("print 3 | save answer.txt"), "Saved 3 lines in answer.txt.\r\n");
+    std::ifstream file(folder + "/answer.txt");
+    std::string text((std::istreambuf_iterator<char>(file)), {});
+    EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 3);
+    EXPECT_EQ(text.find('\r'), std::string::npos);
+    struct stat status {};
+    ASSERT_EQ(stat((folder + "/answer.txt").c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 0777U, 0600U);
+
+    EXPECT_EQ(type("say x | save answer.txt"), "% Not saved in answer.txt: there is a file of that name.\r\n");
+    ASSERT_EQ(symlink((folder + "/elsewhere").c_str(), (folder + "/link").c_str()), 0);
+    EXPECT_EQ(type("say x | save link"), "% Not saved in link: there is a file of that name.\r\n");
+    EXPECT_NE(access((folder + "/elsewhere").c_str(), F_OK), 0);
+    EXPECT_EQ(type("say x | json | save x.json"), "Saved 6 lines in x.json.\r\n");
+    EXPECT_EQ(type("print 30 | include 00000 | save part"), "Saved 10 lines in part.\r\n");
+    for (const char* name : {"../x", "/tmp/x", "a/b", ".hidden", "-x", "..", "a b", "\xc3\xa4"})
+        EXPECT_NE(type(std::string("say x | save ") + name).find("% Not a file name: "), std::string::npos) << name;
+    EXPECT_NE(type("say x | save " + std::string(65, 'a')).find("% Not a file name: "), std::string::npos);
+    EXPECT_NE(type("say x | save y | count").find("% Nothing can follow save.\r\n"), std::string::npos);
+    EXPECT_EQ(type("nonsense | save none"), "^\r\n% Unknown command.\r\n");
+    EXPECT_NE(access((folder + "/none").c_str(), F_OK), 0);
+    std::string answer = type("print 30000 | save long");
+    EXPECT_NE(answer.find("% The answer is too long to be saved: "), std::string::npos) << answer;
+    ASSERT_EQ(stat((folder + "/long").c_str(), &status), 0);
+    EXPECT_LE(status.st_size, static_cast<off_t>(engine::FILTER_HOLD));
+
+    EXPECT_FALSE(engine::set_save_directory(folder + "/answer.txt", &error));
+    EXPECT_EQ(error, "directory for saved answers " + folder + "/answer.txt: Not a directory");
+    ASSERT_TRUE(engine::set_save_directory("", &error));
+    EXPECT_NE(type("say x | save y").find("% The host has no directory for saved answers.\r\n"), std::string::npos);
+    for (const char* name : {"answer.txt", "link", "x.json", "part", "long"})
+        unlink((folder + "/" + name).c_str());
+    rmdir(folder.c_str());
+}
+
+TEST_F(FilteredSession, SavesWhileTheOthersGoOn)
+{
+    char folder_name[] = "/tmp/epon-engine-save-XXXXXX";
+    const std::string folder = mkdtemp(folder_name);
+    std::string error;
+    ConsoleServer server;
+    ASSERT_TRUE(engine::set_save_directory(folder, &error)) << error; // preparing the server set none
+    Client client;
+    client.connect_tcp(server.port());
+    client.send("enable\rprint 1000 | save big\rsay after\r");
+    client.until("Saved 1000 lines in big.\r\nLAB# say after\r\nsay after:1:after\r\n");
+    Client leaving; // what was sent before the end is still saved
+    leaving.connect_tcp(server.port());
+    leaving.send("enable\rprint 1000 | save other\r");
+    leaving.half_close();
+    EXPECT_NE(leaving.rest().find("Saved 1000 lines in other.\r\n"), std::string::npos);
+    ASSERT_TRUE(engine::set_save_directory("", &error));
+    EXPECT_EQ(unlink((folder + "/big").c_str()) + unlink((folder + "/other").c_str()), 0);
+    rmdir(folder.c_str());
 }
 
 TEST_F(FilteredSession, LeavesRawLinesAlone)
