@@ -27,9 +27,9 @@ bool is_loadable(const char* path)
 
 const Reason* load(FILE* file, uint8_t** data_buffer, uint32_t* size)
 {
-    if (fseek(file, 0, SEEK_END) != 0) return &CANNOT_SEEK;
-    const long length = ftell(file);
-    if (length < 0 || fseek(file, 0, SEEK_SET) != 0) return &CANNOT_SEEK;
+    if (fseeko(file, 0, SEEK_END) != 0) return &CANNOT_SEEK;
+    const off_t length = ftello(file); // longer than a long on a 32-bit board
+    if (length < 0 || fseeko(file, 0, SEEK_SET) != 0) return &CANNOT_SEEK;
     if (length > INT32_MAX) return &TOO_LARGE;
     // One byte for an empty file: the SDK is handed a buffer whatever the size.
     auto* buffer = static_cast<uint8_t*>(malloc(length == 0 ? 1 : static_cast<size_t>(length)));
