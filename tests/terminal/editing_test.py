@@ -25,6 +25,28 @@ def test_typing_in_the_middle(host, _):
     screen.close()
 
 
+def test_word_keys(host, _):
+    screen = Screen(host)
+    screen.type("show olt parameters 0<word-left><word-left>")
+    screen.expect("VNS# show olt |parameters 0")
+    screen.type("<esc>b")
+    screen.expect("VNS# show |olt parameters 0")
+    screen.type("<esc>f<word-right><^W>")
+    screen.expect("VNS# show olt | 0")
+    screen.type("<^U>")
+    screen.expect("VNS# | 0")
+    screen.close()
+
+
+def test_erased_words_come_back(host, _):
+    screen = Screen(host)
+    screen.type("show olt parameters<^W><^W><^Y>")
+    screen.expect("VNS# show olt |")
+    screen.type("<^A><esc>d<end><^Y>")
+    screen.expect("VNS#  olt show|")
+    screen.close()
+
+
 def test_a_line_over_three_rows(host, _):
     """Every key of an edited line that wraps at 40 columns leaves exactly the line on the screen."""
     screen = Screen(host, columns=40)
@@ -74,6 +96,39 @@ def test_history(host, _):
     screen.close()
 
 
+def test_search_in_the_history(host, _):
+    """Each key narrows it down; an older line comes with Ctrl-R again; Ctrl-G goes back to what was being typed."""
+    screen = Screen(host)
+    for line in ("show terminal", "who", "show history"):
+        screen.type(line + "<enter>")
+    screen.type("half<^R>sh")
+    screen.expect("(search)`sh': |show history")
+    screen.type("<^R>")
+    screen.expect("(search)`sh': |show terminal")
+    screen.type("x")
+    screen.expect("(no line with `shx') |show terminal")
+    screen.type("<backspace><left>")
+    screen.expect("VNS# |show history")
+    screen.type("<^U><^K>half<^R>who<^G>")
+    screen.expect_line(PROMPT, "half", 4)
+    screen.type("<^U><^R>who<enter>")
+    assert " From " in screen.shown(), screen.shown()
+    screen.expect("VNS# |")
+    screen.close()
+
+
+def test_search_over_rows(host, _):
+    screen = Screen(host, columns=40)
+    long = "simulate event alarm olt 0 values onu_id=5,alarm=4,raised=1"
+    screen.type(long + "<enter>who<enter><^R>alarm=4")
+    shown = "(search)`alarm=4': " + long
+    screen.expect_line("(search)`alarm=4': ", long, long.index("alarm=4"))
+    screen.type("<^E>")
+    screen.expect_line(PROMPT, long, len(long))
+    assert shown[:40] not in screen.shown(), screen.shown()
+    screen.close()
+
+
 def test_interrupt_and_redraw(host, _):
     screen = Screen(host)
     screen.type("show ol<left><^C>")
@@ -97,6 +152,18 @@ def test_completion(host, _):
     rows = screen.rows()
     assert rows[-1] == "VNS# show simulate" and "operations" in rows[-2] and "faults" in rows[-2], rows
     screen.expect("VNS# show simulate |")
+    screen.close()
+
+
+def test_what_is_there_is_offered(host, _):
+    """OLTs and links of the network, where a number of one is to be typed."""
+    screen = Screen(host)
+    screen.type("configure terminal<enter>olt <tab>")
+    rows = screen.rows()
+    assert rows[-2].split() == ["0", "1", "3"], rows
+    screen.expect("VNS(config)# olt |")
+    screen.type("0<enter>llid 25<tab>")
+    screen.expect("VNS(OLT0)# llid 254 |")
     screen.close()
 
 
@@ -148,7 +215,6 @@ def test_resize_while_typing(host, _):
         line = "simulate event alarm olt 0 values onu_id=5,alarm=4,raised=1"
         screen.type(line)
         screen.resize(later, 24)
-        screen.type("<^L>")
         screen.expect_line(PROMPT, line, len(line))
         screen.type("<home>x<end>y")
         screen.expect_line(PROMPT, "x" + line + "y", len(line) + 2)
@@ -173,6 +239,12 @@ class Model:
         before = self.text[:self.at].rstrip(" ")
         return before.rfind(" ") + 1
 
+    def word_end(self):
+        behind = self.text[self.at:]
+        blanks = len(behind) - len(behind.lstrip(" "))
+        end = behind.find(" ", blanks)
+        return len(self.text) if end < 0 else self.at + end
+
     def press(self, key):
         if key == "<left>":
             self.at = max(0, self.at - 1)
@@ -192,11 +264,17 @@ class Model:
             self.remove(0, self.at)
         elif key == "<^W>":
             self.remove(self.word_start(), self.at)
+        elif key == "<esc>b":
+            self.at = self.word_start()
+        elif key == "<esc>f":
+            self.at = self.word_end()
+        elif key == "<esc>d":
+            self.remove(self.at, self.word_end())
         elif key[0] != "<":
             self.insert(key)
 
 
-PRESSED = ["<left>", "<right>", "<home>", "<end>", "<^A>", "<^E>", "<backspace>", "<delete>", "<^W>", "<^L>", "a", "b ",
+PRESSED = ["<left>", "<right>", "<home>", "<end>", "<^A>", "<^E>", "<backspace>", "<delete>", "<^W>", "<^L>", "<esc>b", "<esc>f", "<esc>d", "a", "b ",
            "lmnop", "olt 0 values ", "x" * 17, "<left>", "<backspace>"]
 
 
