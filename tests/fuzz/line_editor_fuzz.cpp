@@ -52,8 +52,9 @@ void check_echo(const std::string& echo)
 Typed type(std::string_view keys, std::size_t piece, const engine::LineEditor::Mode& mode, std::size_t width)
 {
     engine::LineEditor editor;
-    editor.set_width(width);
-    editor.begin(PROMPT.size(), mode);
+    std::string ignored;
+    editor.set_width(width, &ignored);
+    editor.begin(PROMPT, mode);
     Typed typed;
     while (!keys.empty()) {
         std::string echo;
@@ -69,11 +70,11 @@ Typed type(std::string_view keys, std::size_t piece, const engine::LineEditor::M
         if (action == engine::LineEditor::Action::Line || action == engine::LineEditor::Action::Interrupt) {
             if (action == engine::LineEditor::Action::Line && !editor.refused() && !editor.too_long() && !mode.secret)
                 editor.remember(editor.line());
-            editor.begin(PROMPT.size(), mode);
+            editor.begin(PROMPT, mode);
         } else {
             editor.erase(&echo);
-            if (action == engine::LineEditor::Action::Complete) editor.insert("tab", &echo);
-            editor.redraw(PROMPT, &echo);
+            if (action == engine::LineEditor::Action::Complete) editor.complete("tab ", &echo);
+            editor.draw(&echo);
             check_echo(echo);
         }
     }
