@@ -125,7 +125,8 @@ static constinit OnuShow show_onu_capabilities_cmd =
         show_onu_capabilities);
 
 static constinit OnuShow show_onu_capabilities_2_cmd =
-    ctc_show<"capabilities-2", "Its kind, number of links (0: one alone), protection, PON interfaces, slots and interfaces\n">(
+    ctc_show<"capabilities-2",
+             "Its kind, number of links (0: one alone), protection, PON interfaces, slots and interfaces\n">(
         show_onu_capabilities_2);
 
 static constinit OnuShow show_onu_capabilities_3_cmd =

@@ -36,8 +36,8 @@ constexpr unsigned SESSION_LIMIT = 64;
 constexpr std::size_t OUTPUT_LIMIT = 4 * 1024 * 1024;
 // Event lines wait in their own buffer while that much other output is unread.
 constexpr std::size_t EVENT_HOLD = 64 * 1024;
-// What one session may take of the memory at most: output that nobody reads, in a buffer that grew by doubling, and what
-// a program in machine mode asked for. One whose client reads takes the usual amount.
+// What one session may take of the memory at most: output that nobody reads, in a buffer that grew by doubling, and
+// what a program in machine mode asked for. One whose client reads takes the usual amount.
 constexpr std::size_t SESSION_MEMORY_LIMIT = 32 * 1024 * 1024;
 constexpr std::size_t SESSION_MEMORY_USUAL = 512 * 1024;
 // How long a closed session waits for its client to take the rest of the output.

@@ -111,7 +111,8 @@ bool load_users(const std::string& path, std::vector<User>* users, std::string* 
         if (line.empty() || line[0] == '#') continue;
         std::string reason = add_user(line, users);
         if (reason.empty()) continue;
-        *error = path + ":" + std::to_string(number) + ": " + reason;
+        *error = path + ":" + std::to_string(number);
+        error->append(": ").append(reason);
         return false;
     }
     if (users->empty()) *error = path + ": it names no user";

@@ -226,7 +226,10 @@ TEST_F(SessionTest, LetsOnlyOneConfigureIfAskedTo)
 TEST_F(SessionTest, ListsCommandsHistoryAndSessions)
 {
     std::string list = type("list");
-    EXPECT_EQ(list, "enable\r\nend\r\nexit\r\nhelp\r\nlist\r\nlogout\r\nno terminal length\r\nno terminal width\r\nquit\r\nshow history\r\nshow terminal\r\nterminal length <0-512>\r\nterminal width <8-1000>\r\nwho\r\n");
+    EXPECT_EQ(
+        list,
+        "enable\r\nend\r\nexit\r\nhelp\r\nlist\r\nlogout\r\nno terminal length\r\nno terminal width\r\nquit\r\nshow "
+        "history\r\nshow terminal\r\nterminal length <0-512>\r\nterminal width <8-1000>\r\nwho\r\n");
     type("nonsense");
     std::string history = type("show history");
     EXPECT_EQ(history, "   1  list\r\n   2  nonsense\r\n   3  show history\r\n");
