@@ -254,6 +254,17 @@ void cut_off(Session& session, const char* reason)
     session.out_sent = 0;
 }
 
+namespace {
+
+// Some events end with a bare line feed. On a screen the next line begins at its left all the same.
+void return_after_bare_feeds(std::string* lines)
+{
+    for (std::size_t at = 0; (at = lines->find('\n', at)) != std::string::npos; ++at)
+        if (at == 0 || (*lines)[at - 1] != '\r') lines->insert(++at, 1, '\r');
+}
+
+} // namespace
+
 std::string take_event_lines(Session& session)
 {
     if (!session.has_events.load(std::memory_order_relaxed)) return {};
@@ -262,6 +273,7 @@ std::string take_event_lines(Session& session)
     std::string lines = session.events.take_lines(newline(session));
     count(counters().event_lines_printed, static_cast<std::uint64_t>(std::count(lines.begin(), lines.end(), '\n')));
     session.has_events.store(session.events.has_lines(), std::memory_order_relaxed);
+    if (session.connected && session.editor.echoes()) return_after_bare_feeds(&lines);
     return lines;
 }
 

@@ -106,7 +106,7 @@ def test_events_during_a_command(host, console):
         for line in ("simulate fault NEP_get_olt_parameters code 0 count 1 delay 300", "olt 0", "show olt parameters",
                      "no event-notify"):
             operator.terminal.send(line + operator.line_end)
-        event = r"(?:alarm: olt \d, |Got Event notification)[^\r\n]*\r*\n"
+        event = r"(?:alarm: olt \d, |Got Event notification)[^\r\n]*\r*\n\r*"
         operator.terminal.expect(r"OLT_id: 0 \r*\n((?!alarm|Got)[^:\r\n]+: [^\r\n]*\r*\n){13}"
                                  rf"((?:{event})+)BIG\(OLT0\)# ")
         events = operator.terminal.match[2].count("\n")
