@@ -80,7 +80,7 @@ void tell_links(std::int16_t olt_id, Kind kind, std::vector<LiveValue>* values)
         if (kind == Kind::Link)
             values->push_back({index, link.mac + state});
         else
-            values->push_back({link.mac, "link " + index + state});
+            values->push_back({link.mac, std::string("link ").append(index).append(state)});
     }
 }
 

@@ -103,16 +103,22 @@ class Sectioning : public Filter {
         bool failure;
     };
 
+    // The name of a "name: value" line that stands at the left; empty for other lines. Indented ones belong to another.
+    static std::string_view name_at_left(const Held& line)
+    {
+        if (line.failure || indent_of(line) != 0) return {};
+        auto pair = name_and_value(line.text);
+        return pair ? pair->name : std::string_view{};
+    }
     std::string_view first_name() const
     {
         for (const Held& line : lines)
-            if (auto pair = name_and_value(line.text); pair && !line.failure) return pair->name;
+            if (std::string_view name = name_at_left(line); !name.empty()) return name;
         return {};
     }
     static bool starts_record(const Held& line, std::string_view first)
     {
-        auto pair = name_and_value(line.text);
-        return !line.failure && pair && pair->name == first;
+        return !first.empty() && name_at_left(line) == first;
     }
     static std::size_t indent_of(const Held& line)
     {

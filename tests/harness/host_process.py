@@ -23,7 +23,8 @@ class HostError(Exception):
 
 
 class HostProcess:
-    """A running epon-host. Use it with "with"; leaving the block stops it and checks that it ended cleanly."""
+    """A running epon-host. Use it with "with"; leaving the block stops it and checks that it ended cleanly. "@folder" in
+    an option is a folder of its own, which is removed with it."""
 
     def __init__(self, program=DEFAULT_PROGRAM, options=()):
         self.program = program
@@ -54,7 +55,8 @@ class HostProcess:
         # Another test may take the free port before the host does: then the host says so and the next one is tried.
         for _ in range(10):
             self.port = free_port()
-            command = [self.program, "--port", str(self.port), "--socket", self.socket_path, *self.options]
+            command = [self.program, "--port", str(self.port), "--socket", self.socket_path,
+                       *(option.replace("@folder", self.folder) for option in self.options)]
             self.errors = open(os.path.join(self.folder, "stderr"), "w+", encoding="utf-8", errors="replace")
             self.process = subprocess.Popen(command, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
                                             stderr=self.errors, cwd=REPOSITORY)

@@ -27,7 +27,7 @@ Printed text
 Lines that begin with "#" are comments, and with "@" directives; blank lines before the first text and after a comment
 or a directive do not count.
   @scenario FILE          the network (before the first text)
-  @host OPTION...         further options of epon-host (before the first text)
+  @host OPTION...         further options of epon-host (before the first text); "@folder" in one is an empty folder
   @size COLUMNSxROWS      window size of the sessions opened from here on (80x24)
   @session NAME [socket]  goes on in another session and opens it if need be: over TCP, or over the local socket, where
                           the console does not echo

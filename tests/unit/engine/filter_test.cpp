@@ -120,7 +120,8 @@ TEST(Filter, PicksLines)
         {"x | section end", TREE, "end\n"},
         {"x | section down", RECORDS, "OLT_id: 1 \nstate: down \n  since: noon\n"},
         {"x | section OLT_id: 2", RECORDS, "OLT_id: 2 \nstate: up \n"},
-        {"x | section fec", OLT, "fec: off \n"}, // one record: sections go by indentation
+        {"x | section fec", OLT, "fec: off \n"},                     // one record: sections go by indentation
+        {"x | section ^b", "a\n  n: 1\nb\n  n: 2\n", "b\n  n: 2\n"}, // indented names begin no record
     };
     for (const auto& row : cases) {
         if (row.lines == nullptr) continue;
