@@ -206,7 +206,8 @@ MacResult read_mac(vty* session, const char* text, const char* what, uint8_t mac
     return parse_mac(session, word, what, mac) ? MacResult::Read : MacResult::NotAnAddress;
 }
 
-bool read_link_by_mac(vty* session, int16_t olt_id, const char* text, const char* which, int16_t* link, int* result)
+bool read_link_by_mac(vty* session, int16_t olt_id, const char* text, const AddressTerms& terms, int16_t* link,
+                      int* result)
 {
     uint8_t mac[6];
     switch (read_mac(session, text, "MAC address", mac)) {
@@ -216,11 +217,11 @@ bool read_link_by_mac(vty* session, int16_t olt_id, const char* text, const char
         *result = -1;
         return false;
     case MacResult::NotAnAddress:
-        *result = 0;
+        *result = terms.malformed;
         return false;
     }
     if (Mac_address_exist(olt_id, mac, link) != 0) return true;
-    RBX_vty_out(session, "There is no %s%s mac address in the system%s", which, text, VTY_NEWLINE(session));
+    RBX_vty_out(session, "There is no %s%s mac address in the system%s", terms.which, text, VTY_NEWLINE(session));
     *result = 0;
     return false;
 }

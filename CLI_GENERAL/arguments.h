@@ -138,9 +138,21 @@ bool parse_mac(vty* session, const char* text, const char* what, uint8_t mac[6])
 // Both. what names it in the refusal of a malformed one ("MAC address"). The text itself stays as typed.
 MacResult read_mac(vty* session, const char* text, const char* what, uint8_t mac[6]);
 
+// How commands refuse a link that is named by its ONU's MAC address.
+struct AddressTerms {
+    const char* which; // begins the line about an unknown address
+    int malformed;     // what a handler returns for a malformed one
+};
+
+constexpr AddressTerms link_to_enter = {"", 0}; // a refusal is not a failed command
+constexpr AddressTerms onu_to_enter = {"ONU with ", 0};
+constexpr AddressTerms link_to_act_on = {"", -1};
+constexpr AddressTerms onu_to_act_on = {"ONU with ", -1};
+
 // The link that belongs to an ONU's MAC address on an OLT. On false the refusal is printed, naming the address as
-// typed, and *result is what the handler returns. which begins the line about an unknown address ("" or "ONU with ").
-bool read_link_by_mac(vty* session, int16_t olt_id, const char* text, const char* which, int16_t* link, int* result);
+// typed, and *result is what the handler returns.
+bool read_link_by_mac(vty* session, int16_t olt_id, const char* text, const AddressTerms& terms, int16_t* link,
+                      int* result);
 
 // The arguments of a command with a global form, which begins with an OLT index, and a short form, which takes the OLT
 // from the session. The forms differ in their number of arguments.

@@ -13,16 +13,24 @@ constexpr Word fec_words[] = {
     {"off", LLID_FEC_OFF}, {"downlink", LLID_FEC_DOWNLINK}, {"uplink-downlink", LLID_FEC_UPLINK_DOWNLINK}};
 constexpr WordTable fec = {"fec", fec_words};
 
+int set_mode(vty* session, int32_t mode)
+{
+    int16_t llid;
+    int result;
+    if (!read_session_link(session, &llid, &result)) return result;
+    return report(session, NEP_set_llid_fec_mode(session->olt_id, llid, mode));
+}
+
 } // namespace
 
 int set_fec_mode(cmd_element*, vty* session, int, char**)
 {
-    return report(session, NEP_set_llid_fec_mode(session->olt_id, session->llid, LLID_FEC_DOWNLINK));
+    return set_mode(session, LLID_FEC_DOWNLINK);
 }
 
 int no_fec_mode(cmd_element*, vty* session, int, char**)
 {
-    return report(session, NEP_set_llid_fec_mode(session->olt_id, session->llid, LLID_FEC_OFF));
+    return set_mode(session, LLID_FEC_OFF);
 }
 
 int show_llid_fec(cmd_element*, vty* session, int argc, char** argv)

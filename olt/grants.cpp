@@ -34,7 +34,7 @@ bool read_granted_link(vty* session, const char* text, int16_t* llid, int* resul
 {
     // The forms have the same number of words; only the keyword tells them apart.
     if (strstr(session->buf, "llid-mac-address") != nullptr)
-        return read_link_by_mac(session, session->olt_id, text, "", llid, result);
+        return read_link_by_mac(session, session->olt_id, text, link_to_act_on, llid, result);
     *result = -1;
     return read_llid(session, text, llid);
 }

@@ -19,6 +19,15 @@ int16_t as_index(int link)
     return static_cast<int16_t>(link);
 }
 
+// What a session was brought to: index, unless it was entered by an address.
+bool read_target(vty* session, int16_t index, int16_t* target, int* result)
+{
+    if (session->onu_by_index != 1)
+        return read_link_by_mac(session, session->olt_id, session->onu_mac, link_to_enter, target, result);
+    *target = index;
+    return true;
+}
+
 } // namespace
 
 constinit const LinkTerms llid_terms = {"LLID", "llid", "LLID", "llid", "llid", 0, 0};
@@ -58,10 +67,12 @@ bool can_enter(vty* session, const LinkTerms& terms, int16_t olt_id, int link, i
 
 bool read_session_onu(vty* session, int16_t* onu_id, int* result)
 {
-    if (session->onu_by_index != 1)
-        return read_link_by_mac(session, session->olt_id, session->onu_mac, "", onu_id, result);
-    *onu_id = session->onu_id;
-    return true;
+    return read_target(session, session->onu_id, onu_id, result);
+}
+
+bool read_session_link(vty* session, int16_t* llid, int* result)
+{
+    return read_target(session, session->llid, llid, result);
 }
 
 bool read_link(vty* session, int argc, char** argv, int16_t* olt_id, int16_t* llid, int* result)
@@ -69,8 +80,7 @@ bool read_link(vty* session, int argc, char** argv, int16_t* olt_id, int16_t* ll
     *result = -1;
     if (argc == 0) {
         *olt_id = session->olt_id;
-        *llid = session->llid;
-        return true;
+        return read_session_link(session, llid, result);
     }
     if (!read_olt_id(session, argv[0], olt_id)) return false;
     if (argc == 1) {
@@ -79,7 +89,7 @@ bool read_link(vty* session, int argc, char** argv, int16_t* olt_id, int16_t* ll
     }
     // The forms with an index and with an address have as many arguments; the keyword tells them apart.
     if (strstr(session->buf, "llid-mac-address") != nullptr)
-        return read_link_by_mac(session, *olt_id, argv[1], "", llid, result);
+        return read_link_by_mac(session, *olt_id, argv[1], link_to_enter, llid, result);
     return read_llid(session, argv[1], llid);
 }
 

@@ -30,9 +30,10 @@ bool find_link(vty* session, const LinkTerms& terms, int16_t olt_id, int link, b
 // The same for a link that a session is to enter: one that is warned for a mode change is refused, too.
 bool can_enter(vty* session, const LinkTerms& terms, int16_t olt_id, int link, int* result);
 
-// The ONU of a session in the ONU node or below: entered by index, or by an address that is looked up again. On false
-// the refusal is printed, and *result is what the handler returns.
+// The ONU of a session in the ONU node or below, and the link of one in the LLID node: entered by index, or by an
+// address that is looked up again. On false the refusal is printed, and *result is what the handler returns.
 bool read_session_onu(vty* session, int16_t* onu_id, int* result);
+bool read_session_link(vty* session, int16_t* llid, int* result);
 
 // The link of a command with a global form, "... OLT_INDEX LLID_INDEX", "... OLT_INDEX llid-mac-address MAC" or
 // "... OLT_INDEX broadcast-llid", and a short form, which takes OLT and link from the session. On false the refusal is

@@ -54,7 +54,7 @@ int llid_node_mac_config(cmd_element*, vty* session, int, char** argv)
     }
     int16_t llid;
     int result;
-    if (!read_link_by_mac(session, session->olt_id, argv[0], "", &llid, &result)) return result;
+    if (!read_link_by_mac(session, session->olt_id, argv[0], link_to_enter, &llid, &result)) return result;
     enter_llid(session, llid, 0);
     snprintf(session->onu_mac, sizeof session->onu_mac, "%s", argv[0]);
     return 0;

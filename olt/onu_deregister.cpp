@@ -17,7 +17,7 @@ bool read_onu(vty* session, const char* text, int16_t* onu_id, int* result)
 {
     // The forms have the same number of words; only the keyword tells them apart.
     if (strstr(session->buf, "onu-mac-address") != nullptr)
-        return read_link_by_mac(session, session->olt_id, text, "ONU with ", onu_id, result);
+        return read_link_by_mac(session, session->olt_id, text, onu_to_act_on, onu_id, result);
     *result = -1;
     return read_number(session, text, signed_16("ONU_INDEX"), onu_id);
 }

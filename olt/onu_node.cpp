@@ -33,7 +33,7 @@ int onu_node_mac_config(cmd_element*, vty* session, int, char** argv)
 {
     int16_t onu_id;
     int result;
-    if (!read_link_by_mac(session, session->olt_id, argv[0], "ONU with ", &onu_id, &result)) return result;
+    if (!read_link_by_mac(session, session->olt_id, argv[0], onu_to_enter, &onu_id, &result)) return result;
     enter_onu(session, onu_id, 0);
     snprintf(session->onu_mac, sizeof session->onu_mac, "%s", argv[0]);
     return 0;

@@ -38,8 +38,8 @@ constexpr Word encrypt_words[] = {{"yes", 1}, {"no", 0}};
 constexpr WordTable encrypt = {"encrypt", encrypt_words};
 
 struct Request {
-    int16_t llid;
     int32_t destination_port;
+    int16_t llid;
     int32_t llid_class;
     int32_t encrypt;
     bool is_extended; // a class of links or encryption was named
@@ -78,7 +78,7 @@ bool read_link_by_index(vty* session, const char* text, int16_t* llid, int* resu
 
 bool read_link_by_address(vty* session, const char* text, int16_t* llid, int* result)
 {
-    return read_link_by_mac(session, session->olt_id, text, "", llid, result);
+    return read_link_by_mac(session, session->olt_id, text, link_to_act_on, llid, result);
 }
 
 using LinkReader = bool(vty* session, const char* text, int16_t* llid, int* result);
@@ -86,9 +86,9 @@ using LinkReader = bool(vty* session, const char* text, int16_t* llid, int* resu
 int send(vty* session, const Request& request, const OLT_frame& frame)
 {
     const int16_t code = request.is_extended
-                             ? NEP_send_frame_ext(session->olt_id, request.llid, request.destination_port,
+                             ? NEP_send_frame_ext(session->olt_id, request.destination_port, request.llid,
                                                   request.llid_class, &frame, request.encrypt)
-                             : NEP_send_frame(session->olt_id, request.llid, request.destination_port, &frame);
+                             : NEP_send_frame(session->olt_id, request.destination_port, request.llid, &frame);
     return report(session, code);
 }
 

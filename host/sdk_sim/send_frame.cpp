@@ -104,16 +104,16 @@ int16_t send(Olt& olt, int16_t llid, int32_t destination, int32_t llid_class, co
 
 using namespace sdk_sim;
 
-int16_t NEP_send_frame(int16_t olt_id, int16_t llid, int32_t destination_port, const OLT_frame* frame)
+int16_t NEP_send_frame(int16_t olt_id, int32_t destination_port, int16_t llid, const OLT_frame* frame)
 {
-    return on_olt(send_frame, olt_id, in(olt_id, llid, destination_port, FrameValue{frame}), out(),
+    return on_olt(send_frame, olt_id, in(olt_id, destination_port, llid, FrameValue{frame}), out(),
                   [&](Olt& olt) { return send(olt, llid, destination_port, FRAME_LLID_CLASS_NONE, *frame, 0); });
 }
 
-int16_t NEP_send_frame_ext(int16_t olt_id, int16_t llid, int32_t destination_port, int32_t llid_class,
+int16_t NEP_send_frame_ext(int16_t olt_id, int32_t destination_port, int16_t llid, int32_t llid_class,
                            const OLT_frame* frame, int32_t encrypt)
 {
-    const auto arguments = in(olt_id, llid, destination_port, llid_class, FrameValue{frame}, encrypt);
+    const auto arguments = in(olt_id, destination_port, llid, llid_class, FrameValue{frame}, encrypt);
     return on_olt(send_frame_ext, olt_id, arguments, out(),
                   [&](Olt& olt) { return send(olt, llid, destination_port, llid_class, *frame, encrypt); });
 }

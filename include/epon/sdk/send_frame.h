@@ -43,9 +43,9 @@ typedef struct OLT_frame {
 
 /* Sends a frame. llid is FRAME_LLID_NOT_RELEVANT or a link; a link that is not registered: -1007. A size or an address
  * out of range: -4. */
-int16_t NEP_send_frame(int16_t olt_id, int16_t llid, int32_t destination_port, const OLT_frame* frame);
+int16_t NEP_send_frame(int16_t olt_id, int32_t destination_port, int16_t llid, const OLT_frame* frame);
 /* The same for a class of links (enum FrameLlidClass) and, with encrypt 1, encrypted with the link's key. */
-int16_t NEP_send_frame_ext(int16_t olt_id, int16_t llid, int32_t destination_port, int32_t llid_class,
+int16_t NEP_send_frame_ext(int16_t olt_id, int32_t destination_port, int16_t llid, int32_t llid_class,
                            const OLT_frame* frame, int32_t encrypt);
 
 #ifdef __cplusplus

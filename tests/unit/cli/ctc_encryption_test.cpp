@@ -250,6 +250,7 @@ TEST_F(CtcEncryption, TheLinkShowsIt)
     type("ctc start-encryption");
     sdk_sim::advance_clock(50);
     session->llid = 5;
+    session->onu_by_index = 1;
     enter(LLID_NODE);
     EXPECT_EQ(type("show encryption"), "OLT_id: 0 \r\nencryption: downlink \r\n");
     EXPECT_EQ(type("encryption stop"), ""); // ended there, the stack asks for no more keys

@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
+#include <cstring>
+
 #include "links_fixture.h"
 #include "olt/onu.h"
 
@@ -67,6 +69,30 @@ TEST_F(Fec, ShowInEveryNodeAndForm)
         session->llid = 5;
         EXPECT_EQ(type("show fec"), answer("downlink"));
         EXPECT_EQ(journal(), Calls{"NEP_get_llid_fec_mode(0, 5) = 0 -> 1"});
+    }
+}
+
+// A link that was entered by address is looked up again: its ONU may have another link by now.
+TEST_F(Fec, OfTheLinkThatAnAddressHasNow)
+{
+    enter(OLT_NODE);
+    type("llid llid-mac-address 2-0-0-0-0-5");
+    session->llid = 77;
+    journal();
+    const std::string found = "Mac_address_exist(0, 02-00-00-00-00-05) = 1 -> 5";
+    const std::pair<const char*, const char*> cases[] = {{"set fec downlink", "NEP_set_llid_fec_mode(0, 5, 1) = 0"},
+                                                         {"show fec", "NEP_get_llid_fec_mode(0, 5) = 0 -> 1"},
+                                                         {"no fec", "NEP_set_llid_fec_mode(0, 5, 0) = 0"}};
+    for (const auto& [line, call] : cases) {
+        EXPECT_EQ(type(line), std::string(line) == "show fec" ? answer("downlink") : "");
+        EXPECT_EQ(result, 0);
+        EXPECT_EQ(journal(), (Calls{found, call}));
+    }
+    strcpy(session->onu_mac, "02-00-00-00-00-77");
+    for (const auto& [line, call] : cases) {
+        EXPECT_EQ(type(line), "There is no 02-00-00-00-00-77 mac address in the system\r\n") << line;
+        EXPECT_EQ(result, 0);
+        EXPECT_EQ(journal(), Calls{"Mac_address_exist(0, 02-00-00-00-00-77) = 0"});
     }
 }
 

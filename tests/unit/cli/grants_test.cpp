@@ -55,7 +55,7 @@ TEST_F(Grants, LinksByMacAddress)
     const Case cases[] = {
         {"02-00-00-00-00-99", "There is no 02-00-00-00-00-99 mac address in the system\r\n", 0},
         {"02-00-00-00-00-055", "Error reading mac_address has wrong length, aborting\r\n", -1},
-        {"5", "Error reading MAC address parameter from the MAC address string, aborting\r\n", 0},
+        {"5", "Error reading MAC address parameter from the MAC address string, aborting\r\n", -1},
     };
     for (const Case& test : cases) {
         EXPECT_EQ(type(std::string("set-grants add-record llid-mac-address ") + test.mac + " grant-length 20"),

@@ -84,9 +84,9 @@ TEST_F(OnuDeregister, Refusals)
         {"-32768", "Error in range of ONU_INDEX parameter for command from input min:-32767 max:32767, aborting\r\n",
          -1},
         {"onu-mac-address 02-00-00-00-00-055", "Error reading mac_address has wrong length, aborting\r\n", -1},
-        {"onu-mac-address 5", "Error reading MAC address parameter from the MAC address string, aborting\r\n", 0},
+        {"onu-mac-address 5", "Error reading MAC address parameter from the MAC address string, aborting\r\n", -1},
         {"onu-mac-address 02:00:00:00:00:05",
-         "Error reading MAC address parameter from the MAC address string, aborting\r\n", 0},
+         "Error reading MAC address parameter from the MAC address string, aborting\r\n", -1},
     };
     for (const char* wait : {"", " wait-for-completion"}) {
         for (const Case& test : cases) {

@@ -46,21 +46,21 @@ TEST_F(SendFrame, EveryForm)
         // Two of the grammars spell the port otherwise.
         const std::string sniff = source.is_file ? "sts-sniff " : "sys-sniff ";
         const Case cases[] = {
-            {"pon 5 " + source.words, "NEP_send_frame(0, 5, 0, " + source.shown + ") = 0", false},
-            {"pon 5 all-1G-llid " + source.words, "NEP_send_frame_ext(0, 5, 0, 1, " + source.shown + ", 0) = 0", false},
-            {"pon 5 " + source.words + " encrypt yes", "NEP_send_frame_ext(0, 5, 0, 0, " + source.shown + ", 1) = 0",
+            {"pon 5 " + source.words, "NEP_send_frame(0, 0, 5, " + source.shown + ") = 0", false},
+            {"pon 5 all-1G-llid " + source.words, "NEP_send_frame_ext(0, 0, 5, 1, " + source.shown + ", 0) = 0", false},
+            {"pon 5 " + source.words + " encrypt yes", "NEP_send_frame_ext(0, 0, 5, 0, " + source.shown + ", 1) = 0",
              false},
-            {"pon 5 " + source.words + " encrypt no", "NEP_send_frame_ext(0, 5, 0, 0, " + source.shown + ", 0) = 0",
+            {"pon 5 " + source.words + " encrypt no", "NEP_send_frame_ext(0, 0, 5, 0, " + source.shown + ", 0) = 0",
              false},
             {"pon 5 all-10G-llid " + source.words + " encrypt yes",
-             "NEP_send_frame_ext(0, 5, 0, 2, " + source.shown + ", 1) = 0", false},
-            {sniff + mac + source.words, "NEP_send_frame(0, 5, 4, " + source.shown + ") = 0", true},
-            {"pon " + mac + "anti-llid " + source.words, "NEP_send_frame_ext(0, 5, 0, 3, " + source.shown + ", 0) = 0",
+             "NEP_send_frame_ext(0, 0, 5, 2, " + source.shown + ", 1) = 0", false},
+            {sniff + mac + source.words, "NEP_send_frame(0, 4, 5, " + source.shown + ") = 0", true},
+            {"pon " + mac + "anti-llid " + source.words, "NEP_send_frame_ext(0, 0, 5, 3, " + source.shown + ", 0) = 0",
              true},
-            {sniff + mac + source.words + " encrypt yes", "NEP_send_frame_ext(0, 5, 4, 0, " + source.shown + ", 1) = 0",
+            {sniff + mac + source.words + " encrypt yes", "NEP_send_frame_ext(0, 4, 5, 0, " + source.shown + ", 1) = 0",
              true},
             {"pon " + mac + "anti-llid " + source.words + " encrypt no",
-             "NEP_send_frame_ext(0, 5, 0, 3, " + source.shown + ", 0) = 0", true},
+             "NEP_send_frame_ext(0, 0, 5, 3, " + source.shown + ", 0) = 0", true},
         };
         for (const Case& test : cases) {
             EXPECT_EQ(send(test.words), "") << test.words;
@@ -77,7 +77,7 @@ TEST_F(SendFrame, Ports)
     int code = 0;
     for (const char* port : ports) {
         EXPECT_EQ(send(std::string(port) + " llid-not-relevant file " + path), "") << port;
-        EXPECT_EQ(journal(), Calls{"NEP_send_frame(0, -1, " + std::to_string(code) + ", " + SHOWN + ") = 0"});
+        EXPECT_EQ(journal(), Calls{"NEP_send_frame(0, " + std::to_string(code) + ", -1, " + SHOWN + ") = 0"});
         ++code;
     }
 }
@@ -94,10 +94,10 @@ TEST_F(SendFrame, OptionsAreToldApartByTheirKeywords)
         EXPECT_EQ(send(std::string("pon 5 file ") + name + " encrypt yes"), "");
         EXPECT_EQ(send(std::string("pon 5 anti-llid file ") + name + " enc yes"), "");
         const std::string shown = SHOWN;
-        EXPECT_EQ(journal(), (Calls{"NEP_send_frame(0, 5, 0, " + shown + ") = 0",
-                                    "NEP_send_frame_ext(0, 5, 0, 3, " + shown + ", 0) = 0",
-                                    "NEP_send_frame_ext(0, 5, 0, 0, " + shown + ", 1) = 0",
-                                    "NEP_send_frame_ext(0, 5, 0, 3, " + shown + ", 1) = 0"}))
+        EXPECT_EQ(journal(), (Calls{"NEP_send_frame(0, 0, 5, " + shown + ") = 0",
+                                    "NEP_send_frame_ext(0, 0, 5, 3, " + shown + ", 0) = 0",
+                                    "NEP_send_frame_ext(0, 0, 5, 0, " + shown + ", 1) = 0",
+                                    "NEP_send_frame_ext(0, 0, 5, 3, " + shown + ", 1) = 0"}))
             << name;
     }
     std::filesystem::current_path(before);
@@ -149,7 +149,7 @@ TEST_F(SendFrame, Links)
         {"32768" + memory,
          "Error in range of LLID_INDEX parameter for command from input min:-32767 max:32767, aborting\r\n", -1},
         {"llid-mac-address 5" + memory, "Error reading MAC address parameter from the MAC address string, aborting\r\n",
-         0},
+         -1},
         {"llid-mac-address 02-00-00-00-00-055" + memory, "Error reading mac_address has wrong length, aborting\r\n",
          -1},
         {"llid-mac-address 02-00-00-00-00-99" + memory, "There is no 02-00-00-00-00-99 mac address in the system\r\n",
@@ -167,7 +167,7 @@ TEST_F(SendFrame, Links)
     EXPECT_EQ(send("pon x file " + path), cases[0].message);
     EXPECT_EQ(result, -1);
     EXPECT_EQ(send("pon llid-mac-address 5 file " + path), cases[2].message);
-    EXPECT_EQ(result, 0);
+    EXPECT_EQ(result, -1);
 }
 
 TEST_F(SendFrame, Words)

@@ -83,6 +83,24 @@ TEST_F(ShowLlid, EveryNodeAndForm)
     }
 }
 
+// A link that was entered by address is looked up again: its ONU may have another link by now.
+TEST_F(ShowLlid, OfTheLinkThatAnAddressHasNow)
+{
+    for (const Show& show : shows) {
+        enter_llid(5);
+        const std::string expected = type(show.node_form);
+        const Calls call = journal();
+        ASSERT_EQ(call.size(), 1u);
+        enter(OLT_NODE);
+        type("llid llid-mac-address 02-00-00-00-00-05");
+        session->llid = 77;
+        journal();
+        EXPECT_EQ(type(show.node_form), expected);
+        EXPECT_EQ(result, 0);
+        EXPECT_EQ(journal(), (Calls{"Mac_address_exist(0, 02-00-00-00-00-05) = 1 -> 5", call[0]}));
+    }
+}
+
 TEST_F(ShowLlid, RefusedTargets)
 {
     struct Case {
