@@ -36,6 +36,7 @@ static int ctc_registration_count;
 static int ctc_deletion_count;
 static int ctc_ends;
 static int log_entries;
+static char steps[16]; // of the start, a letter each
 static atomic_int failures;
 
 static void check(int good, const char* what)
@@ -43,6 +44,12 @@ static void check(int good, const char* what)
     if (good) return;
     atomic_fetch_add(&failures, 1);
     fprintf(stderr, "minimal_host: wrong: %s\n", what);
+}
+
+static void step(char letter)
+{
+    size_t length = strlen(steps);
+    if (length + 1 < sizeof steps && (length == 0 || steps[length - 1] != letter)) steps[length] = letter;
 }
 
 // --- The engine ------------------------------------------------------------------------------------------------
@@ -70,12 +77,14 @@ int RBX_vty_kill_all_flag;
 
 void RBX_cmd_init(void)
 {
+    step('c');
     tables_ready++;
 }
 
 void RBX_install_node(cmd_node* node, int (*config_write)(vty* session))
 {
     (void)config_write;
+    step('n');
     check(tables_ready == 1, "a node was installed before the command tables were ready");
     check(node->node >= 0 && node->node < NODE_ID_LIMIT && nodes[node->node] == NULL,
           "a node id is out of range or twice");
@@ -104,6 +113,7 @@ void RBX_install_element(int node, cmd_element* element)
 
 thread_master* RBX_thread_master_create(void)
 {
+    step('m');
     return &master;
 }
 
@@ -137,6 +147,7 @@ int RBX_thread_call(thread* work)
 
 void RBX_vty_init(thread_master* from)
 {
+    step('s');
     check(from == &master, "sessions for another event loop");
     vtyvec = &sessions;
     sessions_ready++;
@@ -144,6 +155,7 @@ void RBX_vty_init(thread_master* from)
 
 void RBX_vty_config_password(void)
 {
+    step('p');
     password_asked++;
 }
 
@@ -228,14 +240,19 @@ void NEPLOG_print(int severity, const char* module, int level, const char* topic
 void NEPLOG_print_args(int severity, const char* file, const char* function, const char* module, int level,
                        const char* topic, int16_t olt_id, int16_t onu_id, const char* format, va_list arguments)
 {
-    (void)severity, (void)file, (void)function, (void)module, (void)level, (void)topic, (void)olt_id, (void)onu_id;
-    vfprintf(stderr, format, arguments);
+    char text[64];
+    vsnprintf(text, sizeof text, format, arguments);
+    check(severity == 0 && file[0] == '\0' && function[0] == '\0' && module[0] == '\0' && level == 6,
+          "output without a session has another origin");
+    check(strcmp(topic, "sys-dump") == 0 && olt_id == -1 && onu_id == -1, "output without a session has another name");
+    check(strcmp(text, "lost 7\r\n") == 0, "output without a session is another text");
     log_entries++;
 }
 
 int16_t OSSRV_create_thread(const char* name, void* (*entry)(void*), void* argument)
 {
     pthread_t id;
+    step('t');
     check(name != NULL && name[0] != '\0', "a thread without a name");
     if (pthread_create(&id, NULL, entry, argument) != 0) return -1;
     pthread_detach(id);
@@ -338,6 +355,15 @@ static void run_a_command(void)
     check(printed_length == 0, "entering the OLT printed something");
 }
 
+static void print_without_a_session(void* library)
+{
+    int (*print)(vty*, const char*, ...);
+    *(void**)&print = symbol(library, "RBX_vty_out");
+    int entries = log_entries;
+    check(print(NULL, "%s %d%s", "lost", 7, VTY_NEWLINE(NULL)) == 0, "output without a session fails");
+    check(log_entries == entries + 1, "output without a session is not one entry of the SDK log");
+}
+
 static void wait_for_the_server(void)
 {
     struct timespec limit;
@@ -368,6 +394,7 @@ int main(int argc, char** argv)
 
     check(call(library, "CLI_activate") == 0, "CLI_activate failed");
     wait_for_the_server();
+    check(strcmp(steps, "mcnspt") == 0, "the start takes its steps in another order");
     check(call(library, "init_packages") == 0, "init_packages failed");
     check(ctc_registration_count == CTC_HANDLERS, "not every event of the CTC stack has a handler");
     for (int node = AUTH_NODE; node < NODE_ID_LIMIT; node++)
@@ -377,6 +404,7 @@ int main(int argc, char** argv)
     check(installed_count > 0, "no command is installed");
     check(log_entries > 0, "the entry points leave no trace in the SDK log");
     run_a_command();
+    print_without_a_session(library);
 
     // A second activation must not install anything twice.
     int commands = installed_count;

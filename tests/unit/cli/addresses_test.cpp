@@ -46,6 +46,16 @@ TEST(MacAddress, Refused)
     }
 }
 
+TEST(MacAddress, SevenFieldsFiveFieldsAndAWideField)
+{
+    Mac mac{};
+    EXPECT_TRUE(parses(CLI_parse_mac_addr_from_string, "00-11-22-33-44-55-66", &mac));
+    EXPECT_EQ(mac, (Mac{0x00, 0x11, 0x22, 0x33, 0x44, 0x55}));
+    EXPECT_FALSE(parses(CLI_parse_mac_addr_from_string, "00-11-22-33-44", &mac));
+    EXPECT_TRUE(parses(CLI_parse_mac_addr_from_string, "1ff-2-3-4-5-6", &mac));
+    EXPECT_EQ(mac[0], 0xff);
+}
+
 TEST(MacAddress, TheTextIsSplitInPlace)
 {
     char text[] = "00-11-22-33-44-55";
@@ -64,6 +74,12 @@ TEST(Ipv6Address, LeastSignificantByteFirst)
     EXPECT_EQ(address, (Ipv6{8, 0, 7, 0, 6, 0, 5, 0, 4, 0, 3, 0, 2, 0, 1, 0}));
     ASSERT_TRUE(parses(CLI_parse_ipv6_addr_from_string, "2001:db8:85a3:0:0:8a2e:370:7334", &address));
     EXPECT_EQ(address, (Ipv6{0x34, 0x73, 0x70, 0x03, 0x2e, 0x8a, 0, 0, 0, 0, 0xa3, 0x85, 0xb8, 0x0d, 0x01, 0x20}));
+}
+
+TEST(Ipv6Address, ThereIsNoShorthand)
+{
+    Ipv6 address{};
+    EXPECT_FALSE(parses(CLI_parse_ipv6_addr_from_string, "1::8", &address));
 }
 
 TEST(Ipv6Address, Refused)
@@ -168,6 +184,17 @@ TEST_F(OltList, WrongNumberOfElements)
         EXPECT_EQ(output, message) << text;
         EXPECT_EQ(count, 99) << text;
     }
+}
+
+TEST_F(OltList, FourElementsAndFewer)
+{
+    EXPECT_EQ(parse("1;2;3"), -1);
+    EXPECT_EQ(output, ODD);
+    EXPECT_EQ(parse("1;2"), -1);
+    EXPECT_EQ(output, FEW);
+    EXPECT_EQ(parse("1;2;3;4"), 0);
+    EXPECT_EQ(output, "");
+    EXPECT_EQ(count, 2);
 }
 
 TEST_F(OltList, WrongElements)

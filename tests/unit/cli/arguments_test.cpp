@@ -128,6 +128,17 @@ TEST_F(Arguments, NumbersThatAreRefused)
     }
 }
 
+TEST_F(Arguments, BasesSignsAndWhatFollowsANumber)
+{
+    for (const char* text : {"0x10", "16"}) {
+        EXPECT_EQ(read(text, UNSIGNED), "");
+        EXPECT_EQ(value, 16) << text;
+    }
+    EXPECT_EQ(read("16k", UNSIGNED), READ_ERROR);
+    EXPECT_EQ(read("-1", UNSIGNED), NEGATIVE);
+    EXPECT_EQ(read("0x-1", UNSIGNED), READ_ERROR);
+}
+
 TEST_F(Arguments, AnOldRangeErrorDoesNotSpoilTheNextNumber)
 {
     errno = ERANGE;

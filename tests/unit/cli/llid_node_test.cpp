@@ -113,6 +113,31 @@ TEST_F(LlidNode, RefusalsStayInTheOltNodeWithSuccess)
     expect_unchanged();
 }
 
+TEST_F(LlidNode, TheLastIndexAndTheFirstOutOfBounds)
+{
+    begin();
+    EXPECT_EQ(type("llid 254"), "");
+    EXPECT_EQ(result, 0);
+    EXPECT_EQ(session->node, LLID_NODE);
+    EXPECT_EQ(session->llid, 254);
+    begin();
+    EXPECT_EQ(type("llid 255"), "Can't enter llid mode, llid (255) is out of bounds. llid range: 0 - 254\r\n");
+    EXPECT_EQ(result, 0);
+    expect_unchanged();
+}
+
+TEST_F(LlidNode, AStaticRecordIsEnteredInAModeThatIsNotRegistered)
+{
+    for (const int16_t mode : {200, 202, 0}) {
+        begin();
+        inject("NEP_get_onu_mode_extended", mode);
+        EXPECT_EQ(type("llid 6"), "") << mode;
+        EXPECT_EQ(session->node, LLID_NODE);
+        EXPECT_EQ(session->llid, 6);
+        EXPECT_EQ(session->onu_by_index, 1);
+    }
+}
+
 TEST_F(LlidNode, AnyModeButTheRegisteredOnesIsRefused)
 {
     for (const int16_t mode : {0, 199, 200, 202, 204, -1}) {

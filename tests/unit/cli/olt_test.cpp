@@ -92,6 +92,28 @@ TEST_F(Olt, OltIndexConversion)
     EXPECT_EQ(session->node, CONFIG_NODE);
 }
 
+TEST_F(Olt, AnIndexHasSixteenBitsWithASign)
+{
+    EXPECT_EQ(type("olt 0x7FFF"), refusal(32767)); // read, and no such OLT
+    EXPECT_EQ(result, 0);
+    EXPECT_EQ(type("olt 0x8000"), RANGE_ERROR);
+    EXPECT_EQ(result, -1);
+    EXPECT_EQ(type("olt -5"), refusal(-5));
+    EXPECT_EQ(result, 0);
+    EXPECT_EQ(journal(), (Calls{"Olt_exists(32767) = 0", "Olt_exists(-5) = 0"}));
+}
+
+TEST_F(Olt, AnIndexIsANumberFromItsFirstCharacterToItsLast)
+{
+    EXPECT_EQ(type("olt 3x"), READ_ERROR);
+    EXPECT_EQ(result, -1);
+    EXPECT_EQ(call(olt_node_config, {"\x1f"
+                                     "3"}),
+              READ_ERROR);
+    EXPECT_EQ(result, -1);
+    EXPECT_EQ(journal(), Calls{});
+}
+
 TEST_F(Olt, SubContextsKeepTheOlt)
 {
     const std::vector<std::pair<const char*, int>> cases = {
@@ -208,6 +230,21 @@ TEST_F(Olt, EachSettingChangesOneField)
         EXPECT_EQ(result, 0) << line;
         EXPECT_EQ(journal(), Calls{std::string("NEP_update_olt_parameters(0, {") + field + "}) = 0"}) << line;
     }
+}
+
+TEST_F(Olt, TheDefaultBaudRateIs115200)
+{
+    enter(OLT_NODE);
+    type("set baud-rate default");
+    EXPECT_EQ(journal(), Calls{"NEP_update_olt_parameters(0, {uart_baud_rate=9}) = 0"});
+    EXPECT_NE(type("show olt parameters").find("UART baud rate: 115200 \r\n"), std::string::npos);
+}
+
+TEST_F(Olt, TheStrobeIsTheOnlyFieldThatItsCommandChanges)
+{
+    enter(OLT_NODE);
+    EXPECT_EQ(type("set sled-strobe enable"), "");
+    EXPECT_EQ(journal(), Calls{"NEP_update_olt_parameters(0, {sled_strobe=1}) = 0"});
 }
 
 TEST_F(Olt, SettingsRefuseOtherWords)
@@ -504,6 +541,16 @@ TEST_F(OltAdd, MacAddresses)
     };
     for (const auto& [text, message] : cases) {
         EXPECT_EQ(call(olt_add, {"1", text}), message) << text;
+        EXPECT_EQ(result, -1);
+    }
+    EXPECT_EQ(journal(), Calls{});
+}
+
+TEST_F(OltAdd, AnAddressOfEighteenCharactersIsRefusedBeforeItIsParsed)
+{
+    for (const char* text : {"00-0a-c4-01-02-033", "no-hexadecimal-at-all"}) {
+        EXPECT_EQ(type(std::string("olt 1 ") + text + " image flash"),
+                  "Error reading mac_address has wrong length, aborting\r\n");
         EXPECT_EQ(result, -1);
     }
     EXPECT_EQ(journal(), Calls{});

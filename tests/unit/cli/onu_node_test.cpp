@@ -99,6 +99,14 @@ TEST_F(OnuNode, RefusalsAreFailures)
     expect_unchanged();
 }
 
+TEST_F(OnuNode, TheFirstIndexOutOfBounds)
+{
+    begin();
+    EXPECT_EQ(type("onu 255"), "Can't enter onu mode, ONU id (255) is out of bounds. ONU range: 0 - 254\r\n");
+    EXPECT_EQ(result, -4);
+    expect_unchanged();
+}
+
 TEST_F(OnuNode, ByAddress)
 {
     for (const char* mac : {"02-00-00-00-00-05", "2-0-0-0-0-5"}) {

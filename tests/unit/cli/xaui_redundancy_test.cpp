@@ -54,6 +54,12 @@ TEST_F(XauiRedundancy, SetParameters)
     }
 }
 
+TEST_F(XauiRedundancy, TheGpioTriggerIsParameterOneWithValueOne)
+{
+    EXPECT_EQ(type("set xaui-redundancy-params param-type triggering-mode param-value gpio"), "");
+    EXPECT_EQ(journal(), Calls{"NEP_xaui_redundancy_set_params(0, 1, 1) = 0"});
+}
+
 TEST_F(XauiRedundancy, AShortSpellingMeansTheLongOne)
 {
     EXPECT_EQ(type("set xaui param-t trig param-v g"), "");
@@ -96,6 +102,22 @@ TEST_F(XauiRedundancy, Show)
                                                    "Triggering Mode: gpio \r\n"
                                                    "GPIO Mode: toggle \r\n");
     EXPECT_EQ(result, 0);
+}
+
+TEST_F(XauiRedundancy, ValuesOutsideTheTablesAreInvalid)
+{
+    for (const char* value : {"2", "255"}) {
+        std::string error;
+        ASSERT_TRUE(sdk_sim::load_scenario_text(std::string("[[olt]]\nid = 0\nmac = \"00-0a-c4-00-00-01\"\n"
+                                                            "[olt.xaui_redundancy]\ninactive_ch_mode = ") +
+                                                    value + "\ntriggering_mode = " + value + "\ngpio_mode = " + value,
+                                                "test", &error))
+            << error;
+        EXPECT_EQ(type("show xaui-redundancy-params"), "Inactive channel Mode: Invalid value \r\n"
+                                                       "Triggering Mode: Invalid value \r\n"
+                                                       "GPIO Mode: Invalid value \r\n");
+        EXPECT_EQ(result, 0);
+    }
 }
 
 TEST_F(XauiRedundancy, ShowEndsAtTheFirstFailingRead)
