@@ -87,8 +87,8 @@ void add_login_options(CLI::App* app, engine::Options* options)
                     "File with the password that \"enable\" asks operators for, as a crypt(3) hash");
     app->add_option("--banner", options->banner_file, "File with the text that every client is shown first");
     app->add_option("--audit", options->audit,
-                    "File that logins and commands are recorded in (RFC 5424); syslog: the "
-                    "system's log");
+                    "File that logins and commands are recorded in (RFC 5424); syslog, or syslog:SOCKET: "
+                    "the system's log");
     for (const char* name : {"--password-file", "--users", "--enable-password-file", "--banner", "--audit"})
         app->get_option(name)->type_name("FILE");
 }

@@ -14,7 +14,7 @@ const char* status_text(const Outcome& outcome)
 {
     switch (outcome.status) {
     case MatchStatus::Matched:
-        return outcome.result == 0 ? "done" : "failed";
+        return outcome.result != 0 ? "failed" : outcome.told_failure ? "refused" : "done";
     case MatchStatus::Incomplete:
         return "incomplete";
     case MatchStatus::Ambiguous:
@@ -39,7 +39,7 @@ void report(const Session& session, std::string_view at, std::string_view line, 
     auto us = std::chrono::duration_cast<std::chrono::microseconds>(time).count();
     audit(Severity::Informational, "COMMAND",
           {{"session", std::to_string(session.index)},
-           {"user", session.user.empty() ? std::string_view("-") : std::string_view(session.user)},
+           {"user", user_text(session)},
            {"from", session.from},
            {"at", at},
            {"command", line},
@@ -62,7 +62,7 @@ void Account::settle(const Outcome& outcome)
     Clock::duration time = Clock::now() - start;
     bool ran = outcome.status == MatchStatus::Matched && outcome.element != nullptr; // else a raw node's line, or none
     if (ran)
-        count_command(outcome.element, outcome.result != 0, time);
+        count_command(outcome.element, outcome.result != 0 || outcome.told_failure, time);
     else if (outcome.status != MatchStatus::Matched && outcome.status != MatchStatus::Empty)
         count(counters().lines_refused);
     if (!audits() || outcome.status == MatchStatus::Empty) return;

@@ -24,8 +24,8 @@ namespace engine {
 namespace {
 
 constexpr int FACILITY = 13; // "log audit"
-constexpr const char* SYSLOG_TARGET = "syslog";
-constexpr const char* SYSLOG_SOCKET = "/dev/log";
+constexpr std::string_view SYSLOG_TARGET = "syslog";
+constexpr std::string_view SYSLOG_SOCKET = "/dev/log";
 constexpr const char* FIELDS_ID = "console@32473";
 constexpr std::chrono::seconds FLUSH_TIME{2};
 
@@ -38,11 +38,13 @@ struct Writer {
     bool writing = false;           // under lock
     bool reopen = false;            // under lock
     bool started = false;           // under lock
-    std::string path;               // under lock; empty: none is kept
+    std::string path;               // under lock: of the file or the socket; empty: none is kept
     std::atomic<int> fd{-1};        // the writer's, but for open_audit
     std::atomic<bool> local{false}; // to the system's log
     std::atomic<std::uint64_t> dropped{0};
-    bool complained = false; // the writer's
+    std::uint64_t untold = 0; // the writer's: lost, and not yet said so in the record
+    bool cut_line = false;    // the writer's: the last line written is not whole
+    bool complained = false;  // the writer's
 };
 
 Writer& writer()
@@ -51,23 +53,37 @@ Writer& writer()
     return the;
 }
 
+// The socket of the system's log that the target names; empty when it names a file.
+std::string log_socket(std::string_view target)
+{
+    if (target == SYSLOG_TARGET) return std::string(SYSLOG_SOCKET);
+    bool names_one = target.starts_with(SYSLOG_TARGET) && target.substr(SYSLOG_TARGET.size()).starts_with(":/");
+    return std::string(names_one ? target.substr(SYSLOG_TARGET.size() + 1) : "");
+}
+
+int connect_log(const std::string& path)
+{
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    if (path.size() >= sizeof address.sun_path) {
+        errno = ENAMETOOLONG;
+        return -1;
+    }
+    memcpy(address.sun_path, path.c_str(), path.size() + 1);
+    int fd = socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0);
+    if (fd >= 0 && connect(fd, reinterpret_cast<sockaddr*>(&address), sizeof address) != 0) {
+        int reason = errno;
+        close(fd);
+        errno = reason;
+        fd = -1;
+    }
+    return fd;
+}
+
 int open_target(const std::string& path, bool local, std::string* error)
 {
-    int fd;
-    if (local) {
-        sockaddr_un address{};
-        address.sun_family = AF_UNIX;
-        memcpy(address.sun_path, SYSLOG_SOCKET, strlen(SYSLOG_SOCKET) + 1);
-        fd = socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0);
-        if (fd >= 0 && connect(fd, reinterpret_cast<sockaddr*>(&address), sizeof address) != 0) {
-            int reason = errno;
-            close(fd);
-            errno = reason;
-            fd = -1;
-        }
-    } else {
-        fd = open(path.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC | O_NOCTTY, S_IRUSR | S_IWUSR);
-    }
+    int fd = local ? connect_log(path)
+                   : open(path.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC | O_NOCTTY, S_IRUSR | S_IWUSR);
     if (fd < 0) *error = "audit " + path + ": " + strerror(errno);
     return fd;
 }
@@ -134,28 +150,40 @@ void complain(Writer& at, const std::string& path)
     at.complained = true;
 }
 
-bool write_whole(int fd, std::string_view text, bool local)
+bool send_whole(int fd, std::string_view text)
 {
-    while (!text.empty()) {
-        ssize_t size = local ? send(fd, text.data(), text.size(), MSG_NOSIGNAL) : write(fd, text.data(), text.size());
-        if (size < 0 && errno == EINTR) continue;
-        if (size <= 0) return false;
-        text.remove_prefix(static_cast<std::size_t>(size));
-    }
+    ssize_t size;
+    do
+        size = send(fd, text.data(), text.size(), MSG_NOSIGNAL);
+    while (size < 0 && errno == EINTR);
+    return size >= 0;
+}
+
+// A full disk may take a part of a line; the next one does not continue it.
+bool write_whole(Writer& at, std::string_view text)
+{
+    std::string_view line_end = at.cut_line ? "\n" : "";
+    for (std::string_view rest : {line_end, text})
+        while (!rest.empty()) {
+            ssize_t size = write(at.fd, rest.data(), rest.size());
+            if (size < 0 && errno == EINTR) continue;
+            if (size <= 0) return false;
+            rest.remove_prefix(static_cast<std::size_t>(size));
+            at.cut_line = !rest.empty();
+        }
     return true;
 }
 
 // True when all of it was written; a system's log that was restarted is connected to once more.
 bool write_record(Writer& at, const std::string& path, const std::string& text)
 {
-    bool local = at.local;
-    if (at.fd >= 0 && write_whole(at.fd, text, local)) return true;
-    if (!local) return false;
+    if (!at.local) return write_whole(at, text);
+    if (send_whole(at.fd, text)) return true;
     std::string ignored;
     int fd = open_target(path, true, &ignored);
     if (fd < 0) return false;
     close(at.fd.exchange(fd));
-    return write_whole(fd, text, true);
+    return send_whole(fd, text);
 }
 
 void open_again(Writer& at, const std::string& path)
@@ -168,18 +196,29 @@ void open_again(Writer& at, const std::string& path)
     }
     int old = at.fd.exchange(fd);
     if (old >= 0) close(old);
-    at.complained = false;
+    at.complained = at.cut_line = false;
+}
+
+// Says in the record how many are missing there. False when not even that can be written.
+bool tell_loss(Writer& at, const std::string& path)
+{
+    if (at.untold == 0) return true;
+    std::string text = record(Severity::Warning, "DROPPED", {{"records", std::to_string(at.untold)}}, at.local);
+    if (!write_record(at, path, text)) return false;
+    at.untold = 0;
+    return true;
 }
 
 void write_all(Writer& at, const std::string& path, const std::deque<std::string>& records)
 {
     for (const std::string& text : records) {
-        if (write_record(at, path, text)) {
+        if (tell_loss(at, path) && write_record(at, path, text)) {
             at.complained = false;
             continue;
         }
         complain(at, path);
         ++at.dropped;
+        ++at.untold;
     }
 }
 
@@ -195,14 +234,14 @@ void write_all(Writer& at, const std::string& path, const std::deque<std::string
         std::deque<std::string> records;
         records.swap(at.queue);
         at.queued = 0;
-        std::uint64_t lost = std::exchange(at.lost, 0);
+        std::uint64_t lost = std::exchange(at.lost, 0); // after those
         bool reopen = std::exchange(at.reopen, false);
         std::string path = at.path;
         guard.unlock();
         if (reopen) open_again(at, path);
-        if (lost > 0)
-            records.push_back(record(Severity::Warning, "DROPPED", {{"records", std::to_string(lost)}}, at.local));
         write_all(at, path, records);
+        at.untold += lost;
+        tell_loss(at, path);
         guard.lock();
     }
 }
@@ -270,12 +309,14 @@ std::string audit_value(std::string_view text)
 bool open_audit(const std::string& target, std::string* error)
 {
     Writer& at = writer();
-    bool local = target == SYSLOG_TARGET;
-    int fd = target.empty() ? -1 : open_target(target, local, error);
+    std::string socket_path = log_socket(target);
+    bool local = !socket_path.empty();
+    const std::string& path = local ? socket_path : target;
+    int fd = path.empty() ? -1 : open_target(path, local, error);
     if (fd < 0 && !target.empty()) return false;
     flush_audit();
     std::lock_guard guard(at.lock);
-    at.path = target;
+    at.path = path;
     at.local = local;
     int old = at.fd.exchange(fd);
     if (old >= 0) close(old);

@@ -19,7 +19,8 @@ struct AuditField {
     std::string_view value;
 };
 
-// Begins writing to a file (appending), or to the system's log when the target is "syslog". An empty target ends it.
+// Begins writing to a file (appending), or to the system's log: "syslog", or "syslog:SOCKET" where the log listens on
+// another datagram socket than the usual one. An empty target ends it.
 // False with one clear line in *error.
 bool open_audit(const std::string& target, std::string* error);
 // Opens the file anew, because it was renamed. Any thread.

@@ -81,9 +81,10 @@ Outcome run_raw(Session& session, const NodeRules& rules, std::string_view line)
     std::string text(line);
     session.buf = text.c_str();
     Executing scope(session);
+    session.watch.begin();
     int result = rules.raw_line(&session, text.c_str());
     session.buf = "";
-    return {MatchStatus::Matched, result};
+    return {MatchStatus::Matched, result, nullptr, session.watch.end()};
 }
 
 } // namespace
@@ -157,9 +158,10 @@ Outcome run_match(Session& session)
     Match& match = session.match;
     session.buf = match.line.c_str();
     Executing scope(session);
+    session.watch.begin();
     int result = match.element->func(match.element, &session, static_cast<int>(match.argv.size()), match.argv.data());
     session.buf = "";
-    return {MatchStatus::Matched, result, match.element};
+    return {MatchStatus::Matched, result, match.element, session.watch.end()};
 }
 
 Outcome run_command(Session& session, std::string_view line)
@@ -205,7 +207,6 @@ Outcome run_filtered(Session& session, std::string_view line)
     if (matched) outcome = run_match(session);
     chain = std::move(session.filters);
     if (matched || chain->wishes.takes_errors) chain->end(matched ? outcome.result : -1);
-    outcome.told_failure = chain->told_failure;
     if (matched && chain->wishes.save) start_saving(session, std::move(*chain->wishes.save));
     return outcome;
 }

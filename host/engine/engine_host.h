@@ -27,7 +27,7 @@ struct Options {
     std::string users_file;                   // lines "name:role:hash", see users.cpp; instead of password_file
     std::string enable_password_file;         // one crypt(3) hash; empty: "enable" asks nothing
     std::string banner_file;                  // shown to every client first
-    std::string audit;                        // file of the audit record, or "syslog"; empty: none is kept
+    std::string audit;                        // file of the audit record, "syslog" or "syslog:SOCKET"; empty: none is kept
     std::string socket_group;                 // group that may use the local socket beside root and the host's user
     std::string save_directory;               // where "| save FILE" makes its files; empty: nothing is saved
 
@@ -127,7 +127,7 @@ struct Outcome {
     MatchStatus status;                   // Matched when a handler ran
     int result = 0;                       // what it returned
     const cmd_element* element = nullptr; // the command that ran
-    bool told_failure = false;            // in a line that went through filters
+    bool told_failure = false;            // it printed that it refused, whatever it returned
 };
 
 // A session in the view node whose output is kept; no prompt, no echo. The calling thread acts as console thread: no

@@ -145,33 +145,17 @@ std::unique_ptr<FilterChain> FilterChain::make(const std::vector<std::string_vie
 
 void FilterChain::line(std::string_view text)
 {
-    if (text.ends_with('\r')) text.remove_suffix(1);
-    bool failure = is_failure_line(text);
-    told_failure |= failure;
-    filters[0]->take({text, failure});
+    filters[0]->take({text, is_failure_line(text)});
 }
 
 void FilterChain::write(std::string_view text)
 {
-    for (std::size_t end; (end = text.find('\n')) != std::string_view::npos; text.remove_prefix(end + 1)) {
-        if (unfinished.empty()) {
-            line(text.substr(0, end));
-            continue;
-        }
-        unfinished += text.substr(0, end);
-        line(unfinished);
-        unfinished.clear();
-    }
-    unfinished += text;
-    if (unfinished.size() <= FILTERED_LINE_LIMIT) return;
-    line(unfinished);
-    unfinished.clear();
+    lines.write(text, [this](std::string_view one) { line(one); });
 }
 
 void FilterChain::end(int result)
 {
-    if (!unfinished.empty()) line(unfinished);
-    unfinished.clear();
+    lines.end([this](std::string_view one) { line(one); });
     filters[0]->end(result);
 }
 

@@ -14,6 +14,7 @@
 #include <string_view>
 #include <vector>
 
+#include "host/engine/answer_lines.h"
 #include "host/engine/command_tree.h"
 
 namespace engine {
@@ -22,8 +23,6 @@ namespace engine {
 constexpr std::size_t FILTER_LIMIT = 8;
 // Bytes of an answer that a filter keeps which must see all of it; further lines are left out and counted.
 constexpr std::size_t FILTER_HOLD = 1024 * 1024;
-// Longest line that a filter is given; a longer one is cut into pieces.
-constexpr std::size_t FILTERED_LINE_LIMIT = 64 * 1024;
 
 // A typed line and the filters behind it, each without its "|".
 struct FilteredLine {
@@ -75,14 +74,13 @@ class FilterChain {
     void write(std::string_view text);
     void end(int result);
     FilterWishes wishes;
-    bool told_failure = false; // in a line of the answer
 
   private:
     FilterChain() = default;
     void line(std::string_view text);
 
     std::vector<std::unique_ptr<Filter>> filters; // the last one is the output
-    std::string unfinished;
+    AnswerLines lines;
 };
 
 // What can stand where `partial` stands in a filter, after the complete words before it.

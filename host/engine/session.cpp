@@ -63,12 +63,15 @@ int take_text(Session& session, std::string_view text)
         }
     }
     bool taken = true;
-    if (executing != &session)
+    if (executing != &session) {
         taken = append_output(session, text);
-    else if (session.filters)
-        session.filters->write(text);
-    else
-        taken = show_answer(session, text);
+    } else {
+        session.watch.write(text);
+        if (session.filters)
+            session.filters->write(text);
+        else
+            taken = show_answer(session, text);
+    }
     return taken ? static_cast<int>(text.size()) : -1;
 }
 

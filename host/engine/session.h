@@ -19,6 +19,7 @@
 
 #include "host/engine/engine_host.h"
 #include "host/engine/event_buffer.h"
+#include "host/engine/failure_lines.h"
 #include "host/engine/filter.h"
 #include "host/engine/line_editor.h"
 #include "host/engine/machine_mode.h"
@@ -96,6 +97,7 @@ struct Session : vty {
     LineEditor editor;
     std::vector<std::string_view> words; // of the line being executed
     Match match;
+    FailureWatch watch;                   // what the command being executed prints
     std::unique_ptr<FilterChain> filters; // what the answer of the line being executed passes
     Pager pager;
     std::shared_ptr<SaveJob> saving;      // the line is done when it is
@@ -111,6 +113,11 @@ struct Session : vty {
 };
 
 Session* session_of(vty* session);
+// Who logged in, as lists and the audit record show it; "-" where no names are asked for, or not yet.
+inline std::string_view user_text(const Session& session)
+{
+    return session.user.empty() ? "-" : std::string_view(session.user);
+}
 inline std::size_t unsent(const Session& session)
 {
     return session.out.size() - session.out_sent;

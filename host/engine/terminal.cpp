@@ -362,11 +362,6 @@ std::string banner()
     return shared_banner().text;
 }
 
-std::string_view user_text(const Session& session)
-{
-    return session.user.empty() ? "-" : std::string_view(session.user);
-}
-
 void count_opened()
 {
     std::uint64_t open = 0;

@@ -74,6 +74,49 @@ TEST_F(AccountingTest, ACommandIsRecordedInFull)
     EXPECT_EQ(recorded(), "at=\"LAB(OLT3 FW_CRAFT)%x%#\" command=\"reboot now\" status=\"failed\" result=\"7\"");
 }
 
+// Many handlers return 0 after they said why they refuse.
+TEST_F(AccountingTest, WhatSaysThatItRefusesIsNotDone)
+{
+    engine::set_refusal_check([](std::string_view line) { return line == "no such unit"; });
+    constexpr std::string_view REFUSED = "status=\"refused\" result=\"0\"";
+    struct Case {
+        const char* printed[3];
+        bool refuses;
+    };
+    const Case cases[] = {
+        {{"no such unit\r\n"}, true},
+        {{"one\r\nno such ", "unit", "\r\ntwo\r\n"}, true},
+        {{"% Wrong.\r\n"}, true},
+        {{"no such unit"}, true}, // and no line end
+        {{"failed\r\n", "OLT not exist (error code : -1003)\r\n"}, true},
+        {{"no such unit, said he\r\n"}, false},
+        {{"there is no such unit\r\n"}, false},
+        {{"100 % of it\r\n"}, false},
+        {{"(error code : x)\r\n"}, false},
+    };
+    static const Case* at;
+    call_hook = [](vty* to) {
+        for (const char* piece : at->printed)
+            if (piece != nullptr) print_to(to, "%s", piece);
+    };
+    for (const Case& one : cases) {
+        at = &one;
+        run("clear console statistics");
+        for (const char* line : {"call", "call | count"}) {
+            run(line);
+            EXPECT_EQ(recorded().find(REFUSED) != std::string::npos, one.refuses) << one.printed[0] << recorded();
+        }
+        std::string failed = one.refuses ? "2" : "0";
+        EXPECT_NE(run("show console statistics").find("Failed commands                 : " + failed + "\r\n"),
+                  std::string::npos)
+            << one.printed[0];
+    }
+    run("max-rtt 5");
+    EXPECT_EQ(recorded(), "at=\"LAB#\" command=\"max-rtt 5\" status=\"done\" result=\"0\"") << "the next one is not";
+    engine::set_refusal_check(nullptr);
+    call_hook = {};
+}
+
 TEST_F(AccountingTest, SecretsAreReplaced)
 {
     EXPECT_EQ(run("say geheim"), "say geheim:1:geheim\r\n") << "the command gets it";

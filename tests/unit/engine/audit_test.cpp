@@ -2,7 +2,9 @@
 // The audit record: its lines, what they never hold, and that nobody waits for them.
 #include "host/engine/audit.h"
 
+#include <algorithm>
 #include <cerrno>
+#include <csignal>
 #include <fstream>
 #include <iterator>
 #include <regex>
@@ -10,7 +12,10 @@
 
 #include <fcntl.h>
 #include <poll.h>
+#include <sys/resource.h>
+#include <sys/socket.h>
 #include <sys/stat.h>
+#include <sys/un.h>
 #include <unistd.h>
 
 #include "engine/engine_fixture.h"
@@ -117,6 +122,131 @@ TEST_F(AuditTest, RefusesAFileThatCannotBeOpened)
     EXPECT_FALSE(engine::open_audit("/no/such/folder/audit", &error));
     EXPECT_EQ(error, "audit /no/such/folder/audit: No such file or directory");
     EXPECT_FALSE(engine::audits());
+}
+
+namespace {
+
+// A receiver as the system's log is one: a datagram socket.
+class LogReceiver {
+  public:
+    LogReceiver()
+    {
+        listen();
+    }
+    ~LogReceiver()
+    {
+        close_socket();
+    }
+    LogReceiver(const LogReceiver&) = delete;
+    LogReceiver& operator=(const LogReceiver&) = delete;
+
+    const std::string& path() const
+    {
+        return file_path;
+    }
+    void listen()
+    {
+        fd = socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0);
+        sockaddr_un address{};
+        address.sun_family = AF_UNIX;
+        file_path.copy(address.sun_path, sizeof address.sun_path - 1);
+        ASSERT_EQ(bind(fd, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+    }
+    void close_socket()
+    {
+        close(fd);
+        unlink(file_path.c_str());
+    }
+    // The next datagram.
+    std::string next() const
+    {
+        pollfd entry{fd, POLLIN, 0};
+        char bytes[65536];
+        ssize_t size = poll(&entry, 1, 10000) > 0 ? recv(fd, bytes, sizeof bytes, 0) : 0;
+        return {bytes, size > 0 ? static_cast<std::size_t>(size) : 0};
+    }
+
+  private:
+    std::string file_path = "/tmp/epon-log-receiver-" + std::to_string(getpid());
+    int fd = -1;
+};
+
+} // namespace
+
+TEST_F(AuditTest, TheSystemsLogGetsADatagramForEachRecord)
+{
+    LogReceiver log;
+    std::string error;
+    ASSERT_TRUE(engine::open_audit("syslog:" + log.path(), &error)) << error;
+    engine::audit(engine::Severity::Warning, "LOGIN_FAILED", {{"user", "a\"]\n<13>b"}});
+    engine::audit(engine::Severity::Informational, "COMMAND", {{"command", std::string(16384, 'x')}});
+    std::string first = log.next();
+    EXPECT_TRUE(std::regex_match(
+        first, std::regex("<108>[A-Z][a-z]{2} [ 1-3]\\d \\d\\d:\\d\\d:\\d\\d " +
+                          std::string(program_invocation_short_name) + "\\[" + std::to_string(getpid()) +
+                          "\\]: LOGIN_FAILED \\[console@32473 user=\"a\\\\\"\\\\\\]\u240a<13>b\"\\]")))
+        << first;
+    std::string second = log.next();
+    EXPECT_TRUE(second.starts_with("<110>")) << second;
+    EXPECT_TRUE(second.ends_with(std::string(16384, 'x') + "\"]")) << "a long line is not cut";
+}
+
+TEST_F(AuditTest, ASystemsLogThatIsRestartedIsFoundAgainAndToldWhatIsMissing)
+{
+    LogReceiver log;
+    std::string error;
+    ASSERT_TRUE(engine::open_audit("syslog:" + log.path(), &error)) << error;
+    engine::audit(engine::Severity::Notice, "FIRST", {});
+    EXPECT_NE(log.next().find(" FIRST ["), std::string::npos);
+    log.close_socket();
+    testing::internal::CaptureStderr();
+    for (int i = 0; i < 3; ++i) {
+        engine::audit(engine::Severity::Notice, "LOST", {});
+        engine::flush_audit();
+    }
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "epon: audit " + log.path() + ": No such file or directory; records are lost\n")
+        << "once";
+    log.listen();
+    engine::audit(engine::Severity::Notice, "SECOND", {});
+    EXPECT_NE(log.next().find(" DROPPED [console@32473 records=\"3\"]"), std::string::npos);
+    EXPECT_NE(log.next().find(" SECOND ["), std::string::npos);
+}
+
+TEST_F(AuditTest, RefusesALogThatNobodyListensTo)
+{
+    std::string error;
+    EXPECT_FALSE(engine::open_audit("syslog:/no/such/log", &error));
+    EXPECT_EQ(error, "audit /no/such/log: No such file or directory");
+    EXPECT_FALSE(engine::open_audit("syslog:/" + std::string(200, 'x'), &error));
+    EXPECT_EQ(error, "audit /" + std::string(200, 'x') + ": File name too long");
+}
+
+// A limit of the file's size stands for a full disk: a part of a line is written, then nothing.
+TEST_F(AuditTest, AFullDiskGluesNoLinesTogether)
+{
+    open();
+    engine::audit(engine::Severity::Notice, "FIRST", {});
+    std::size_t line = written().size();
+    rlimit usual{};
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &usual), 0);
+    rlimit full = usual;
+    full.rlim_cur = line + line / 2;
+    auto* outer = signal(SIGXFSZ, SIG_IGN);
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &full), 0);
+    testing::internal::CaptureStderr();
+    for (int i = 0; i < 2; ++i)
+        engine::audit(engine::Severity::Notice, "SECOND", {});
+    engine::flush_audit();
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &usual), 0);
+    signal(SIGXFSZ, outer);
+    EXPECT_NE(testing::internal::GetCapturedStderr().find(": File too large; records are lost\n"), std::string::npos);
+    engine::audit(engine::Severity::Notice, "THIRD", {});
+    std::string all = written();
+    EXPECT_EQ(std::count(all.begin(), all.end(), '\n'), 4) << all;
+    EXPECT_TRUE(std::regex_search(all, std::regex("\n<108>1 [^\n]* DROPPED \\[console@32473 records=\"2\"\\]\n"
+                                                  "<109>1 [^\n]* THIRD \\[console@32473\\]\n$")))
+        << all;
 }
 
 // A pipe that nobody reads stands for a disk that hangs.
