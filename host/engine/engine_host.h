@@ -27,9 +27,9 @@ struct Options {
     std::string users_file;                   // lines "name:role:hash", see users.cpp; instead of password_file
     std::string enable_password_file;         // one crypt(3) hash; empty: "enable" asks nothing
     std::string banner_file;                  // shown to every client first
-    std::string audit;                        // file of the audit record, "syslog" or "syslog:SOCKET"; empty: none is kept
-    std::string socket_group;                 // group that may use the local socket beside root and the host's user
-    std::string save_directory;               // where "| save FILE" makes its files; empty: nothing is saved
+    std::string audit;          // file of the audit record, "syslog" or "syslog:SOCKET"; empty: none is kept
+    std::string socket_group;   // group that may use the local socket beside root and the host's user
+    std::string save_directory; // where "| save FILE" makes its files; empty: nothing is saved
 
     unsigned max_sessions = 64;                   // one of them is kept for the local socket
     std::chrono::milliseconds exec_timeout{0};    // how long an operator may type nothing; 0: for ever

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 // Whatever a client sends, from the bytes on the wire down to the simulated SDK. The first byte of the input chooses
-// how the client comes (telnet or local socket) and how far it has gone before; the rest is sent, then the sending side
-// is closed. The session must come to its end, and what it sent must be well-formed.
+// how the client comes (telnet or local socket) and how far it has gone before; the rest is sent, with marks that stand
+// for whole commands (typed_commands.h), then the sending side is closed. The session must come to its end, and what it
+// sent must be well-formed.
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -17,10 +18,13 @@
 #include "host/engine/engine_host.h"
 #include "host/engine/event_loop.h"
 #include "host/engine/terminal.h"
+#include "host/network_values.h"
 #include "host/node_rules.h"
+#include "host/refusal_lines.h"
 #include "host/sdk_sim/sdk_sim.h"
 #include "host/secret_words.h"
 #include "tests/fuzz/require.h"
+#include "tests/fuzz/typed_commands.h"
 
 namespace {
 
@@ -36,6 +40,44 @@ constexpr std::string_view BEGINNINGS[] = {
 };
 constexpr std::size_t INPUT_LIMIT = 64 * 1024;
 
+// Small, because every input begins with it: ONUs of several kinds, and one OLT more.
+constexpr std::string_view NETWORK = R"(
+name = "FUZZ"
+[clock]
+speed = 0
+[life]
+leave_interval = 3
+absence = 1
+alarm_interval = 1
+[[olt]]
+id = 0
+mac = "02-4e-50-40-00-00"
+[[olt.onu]]
+id = 0
+mac = "02-4e-50-50-00-00"
+loid = "elm"
+loid_password = "1"
+[[olt.onu]]
+id = 1
+mac = "02-4e-50-50-00-01"
+rate = "10g"
+extended_oam = "none"
+[[olt.onu]]
+id = 2
+mac = "02-4e-50-50-00-02"
+extended_oam = "silent"
+remote_management = "silent"
+[[olt.onu]]
+id = 3
+mac = "02-4e-50-50-00-03"
+mode = "unregistered"
+[[olt]]
+id = 1
+mac = "02-4e-50-40-00-01"
+)";
+constexpr std::uint64_t START_MS = 3000; // until all that come by themselves are there
+constexpr std::uint64_t TURN_MS = 500;   // that pass in the network while the console does one piece of work
+
 // The console thread of the library waits for good: this thread does its work.
 bool start_console()
 {
@@ -50,6 +92,8 @@ bool start_console()
     require(init_epon_driver() == 0, "the driver starts");
     install_node_rules();
     install_secret_words();
+    install_network_values();
+    engine::set_refusal_check(is_refusal_line);
     CLI_activate();
     init_packages();
     engine::set_loop_handlers({[](thread*) { return 0; }, engine::serve_session, [] {}, [] {}, [] {}});
@@ -90,6 +134,8 @@ std::string run_session(bool local, const std::string& input)
         }
         thread work;
         if (RBX_thread_fetch(loop, &work) != nullptr) RBX_thread_call(&work);
+        sdk_sim::advance_clock(TURN_MS);
+        sdk_sim::drain_events();
         if (__atomic_load_n(&RBX_vty_kill_all_flag, __ATOMIC_ACQUIRE) != 0) RBX_vty_kill_all();
         if (received.size() > (64U << 20)) break; // a command that prints without end shows itself as a slow input
     }
@@ -111,10 +157,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static const bool started = start_console();
     if (!started || size == 0 || size > INPUT_LIMIT) return 0;
     std::string error;
-    require(sdk_sim::load_scenario_text(sdk_sim::demo_scenario(), "demo", &error), error.c_str());
+    require(sdk_sim::load_scenario_text(NETWORK, "fuzz", &error), error.c_str());
+    sdk_sim::start();
+    sdk_sim::advance_clock(START_MS);
     bool local = (data[0] & 0x80U) != 0;
     std::string input(BEGINNINGS[data[0] % (sizeof BEGINNINGS / sizeof BEGINNINGS[0])]);
-    input.append(reinterpret_cast<const char*>(data) + 1, size - 1);
+    input += TypedCommands::typed({reinterpret_cast<const char*>(data) + 1, size - 1});
     check(run_session(local, input));
+    sdk_sim::stop();
     return 0;
 }

@@ -4,6 +4,7 @@
 #include <chrono>
 #include <fstream>
 #include <iterator>
+#include <regex>
 #include <thread>
 
 #include <crypt.h>
@@ -271,6 +272,43 @@ TEST_F(LoginTest, AClientThatVanishesDuringTheCheckLeavesNothingBehind)
     }
     Client client;
     log_in(client, "ann", "first");
+}
+
+TEST_F(LoginTest, WhoNamesTheUsersAndAKilledSessionIsOnRecord)
+{
+    serve();
+    testing::internal::CaptureStderr();
+    Client bob, stranger, ann;
+    log_in(bob, "bob", "second");
+    stranger.connect_tcp(server->port());
+    stranger.until("Username: ");
+    log_in(ann, "ann", "first");
+    ann.send("enable\rwho\r");
+    ann.until("Idle\r\n");
+    std::string listed = ann.until("LAB# ");
+    auto line = [&listed](const std::string& begins, const std::string& place) {
+        std::smatch found;
+        std::regex wanted(begins + " +127\\.0\\.0\\.1 port \\d+ +" + place + " +00:00:0\\d\r\n");
+        EXPECT_TRUE(std::regex_search(listed, found, wanted)) << listed;
+        return found[1].str();
+    };
+    std::string victim = line("(?:^|\n) (\\d+) +bob", "LAB>");
+    line("(?:^|\n) (\\d+) +-", "Password:");
+    line("(?:^|\n)\\*(\\d+) +ann", "LAB#");
+    ann.send("kill session " + victim + "\r");
+    ann.until("LAB# ");
+    std::regex told("\r\n% Session \\d+ \\(ann, 127\\.0\\.0\\.1 port \\d+\\) closed this session\\.\r\n");
+    EXPECT_TRUE(std::regex_match(bob.rest(), told));
+    std::string log = recorded("command=\"kill session");
+    EXPECT_TRUE(std::regex_search(log, std::regex("<109>1 [^\n]* KILL \\[console@32473 session=\"\\d+\" user=\"ann\" "
+                                                  "from=\"127[^\"]*\" killed-session=\"" +
+                                                  victim + "\" killed-user=\"bob\" killed-from=\"127[^\"]*\"\\]\n")))
+        << log;
+    EXPECT_TRUE(
+        std::regex_search(log, std::regex(" CLOSE \\[[^\n]* user=\"bob\" [^\n]* reason=\"Session \\d+ \\(ann, ")))
+        << log;
+    EXPECT_TRUE(std::regex_search(testing::internal::GetCapturedStderr(),
+                                  std::regex("session \\d+ \\(bob, 127[^)]*\\) closed by session \\d+ \\(ann, 127")));
 }
 
 TEST_F(LoginTest, TheLocalSocketAsksNothing)
