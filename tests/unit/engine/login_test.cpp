@@ -285,7 +285,7 @@ TEST_F(LoginTest, WhoNamesTheUsersAndAKilledSessionIsOnRecord)
     log_in(ann, "ann", "first");
     ann.send("enable\rwho\r");
     ann.until("Idle\r\n");
-    std::string listed = ann.until("LAB# ");
+    std::string listed = ann.until("\r\nLAB# "); // its own line holds its prompt
     auto line = [&listed](const std::string& begins, const std::string& place) {
         std::smatch found;
         std::regex wanted(begins + " +127\\.0\\.0\\.1 port \\d+ +" + place + " +00:00:0\\d\r\n");
