@@ -23,7 +23,7 @@ int exit_node(cmd_element*, vty* session, int, char**)
 
 int end_nodes(cmd_element*, vty* session, int, char**)
 {
-    leave_to_top(*session_of(session));
+    leave_contexts(*session_of(session));
     return 0;
 }
 
@@ -42,7 +42,7 @@ int show_help(cmd_element*, vty* session, int, char**)
         "  configure terminal      from there to the configuration node",
         "  olt 0                   into the context of OLT 0",
         "  show olt parameters     what is set there",
-        "  exit, end               one node up; back to the enable node",
+        "  exit, end               one node up; back to the configuration node",
         "  quit                    closes the session",
         "",
         "Keys: ? shows what can be typed, at any place of a line, and what it means;",
@@ -113,7 +113,7 @@ int configure_terminal(cmd_element*, vty* session, int, char**)
 
 EngineCommand commands[] = {
     {EVERY_NODE, element("exit", exit_node, "Go one node up, or close the session when there is none\n")},
-    {EVERY_NODE, element("end", end_nodes, "Go back to the enable node\n")},
+    {EVERY_NODE, element("end", end_nodes, "Go back to the configuration or the enable node\n")},
     {EVERY_NODE, element("quit", close_console, "Close this session\n")},
     {EVERY_NODE, element("logout", close_console, "Close this session\n")},
     {EVERY_NODE, element("help", show_help, "How to work with this console\n")},

@@ -22,7 +22,7 @@ struct LeaveWord {
 };
 constexpr LeaveWord leave_words[] = {
     {"exit", leave_node},
-    {"end", leave_to_top},
+    {"end", leave_contexts},
     {"quit", [](Session& session) { session.closing = true; }},
     {"logout", [](Session& session) { session.closing = true; }},
 };
@@ -263,10 +263,12 @@ void leave_node(Session& session)
         move_up(session, parent);
 }
 
-void leave_to_top(Session& session)
+void leave_contexts(Session& session)
 {
+    const bool is_below_configuration = session.node != CONFIG_NODE && is_configuration(session.node);
+    const int top = is_below_configuration ? CONFIG_NODE : ENABLE_NODE;
     int target = session.node;
-    for (int steps = 0; target != ENABLE_NODE && target != VIEW_NODE && steps < NODE_ID_LIMIT; ++steps) {
+    for (int steps = 0; target != top && target != VIEW_NODE && steps < NODE_ID_LIMIT; ++steps) {
         int parent = rules_of(target).parent;
         if (parent < 0) return;
         target = parent;

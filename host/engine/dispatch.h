@@ -27,9 +27,10 @@ Outcome run_line(Session& session, std::string_view line);
 // Tells the operator how saving went, once it is done.
 void finish_saving(Session& session);
 
-// "exit" and "end" as commands: where they lead, with the node's leave hook.
+// "exit" and "end" as commands: where they lead, with the node's leave hook. "end" leads out of the contexts to the
+// configuration node, and from there to the enable node.
 void leave_node(Session& session);
-void leave_to_top(Session& session);
+void leave_contexts(Session& session);
 
 // Words of a line, split at blanks and tabs.
 std::vector<std::string_view> split_words(std::string_view line);

@@ -77,7 +77,11 @@ class EponConsole(BaseConnection):
         return self.send_command(config_command)
 
     def exit_config_mode(self, exit_config="end", pattern=""):
-        return self.send_command(exit_config)
+        """Out of an OLT's context it takes one step more than out of the configuration node."""
+        output = ""
+        while self.check_config_mode():
+            output += self.send_command(exit_config)
+        return output
 
     def send_config_set(self, config_commands=None, exit_config_mode=True, **_options):
         """Each command on its own, so that the first one that is refused ends it."""

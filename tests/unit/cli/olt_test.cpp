@@ -131,6 +131,21 @@ TEST_F(Olt, SubContextsKeepTheOlt)
     }
 }
 
+TEST_F(Olt, EndLeavesEveryContextForTheConfigurationNode)
+{
+    for (const int node : {OLT_NODE, OLT_PON_NODE, CNI_NODE, OLT_FW_CRAFT_NODE, LLID_NODE, BC_LLID_NODE, ONU_NODE,
+                           ONU_PON_NODE, UNI_NODE, DBA_INTERNAL_NODE, DBA_VIREO4_NODE}) {
+        enter(node);
+        EXPECT_EQ(type("end"), "");
+        EXPECT_EQ(session->node, CONFIG_NODE) << node;
+    }
+    type("end");
+    EXPECT_EQ(session->node, ENABLE_NODE);
+    enter(OLT_NODE);
+    type("exit");
+    EXPECT_EQ(session->node, CONFIG_NODE);
+}
+
 TEST_F(Olt, FirmwareConsole)
 {
     for (const uint8_t before : {0, 1}) {

@@ -139,7 +139,7 @@ TEST_F(SessionTest, WalksTheNodes)
         {"end", VIEW_NODE},    {"enable", ENABLE_NODE}, {"end", ENABLE_NODE},  {"configure terminal", CONFIG_NODE},
         {"exit", ENABLE_NODE}, {"unit 3", OLT_NODE},    {"exit", CONFIG_NODE}, {"end", ENABLE_NODE},
         {"unit 3", OLT_NODE},  {"onu 1", ONU_NODE},     {"exit", OLT_NODE},    {"onu 1", ONU_NODE},
-        {"end", ENABLE_NODE},  {"disable", VIEW_NODE}};
+        {"end", CONFIG_NODE},  {"end", ENABLE_NODE},    {"disable", VIEW_NODE}};
     for (const auto& step : steps) {
         type(step.line);
         EXPECT_EQ(session->node, step.node) << step.line;
@@ -178,7 +178,7 @@ TEST_F(SessionTest, HandsRawLinesToTheHost)
 
     type("craft");
     type("end");
-    EXPECT_EQ(session->node, ENABLE_NODE);
+    EXPECT_EQ(session->node, CONFIG_NODE);
     EXPECT_EQ(take_raw_journal(), "left node 21\n");
 }
 
@@ -217,6 +217,8 @@ TEST_F(SessionTest, LetsOnlyOneConfigureIfAskedTo)
     EXPECT_TRUE(refusal.starts_with("% Session ")) << refusal;
     EXPECT_TRUE(refusal.ends_with(" is configuring; only one session may at a time.\r\n")) << refusal;
     EXPECT_EQ(session->node, ENABLE_NODE);
+    engine::execute(other, "end");
+    EXPECT_EQ(type("configure terminal"), refusal); // still configuring
     engine::execute(other, "end");
     EXPECT_EQ(type("configure terminal"), "");
     EXPECT_EQ(session->node, CONFIG_NODE);
