@@ -115,7 +115,7 @@ int show_auth_loid_llid_config(cmd_element*, vty* session, int, char** argv)
     char loid[CTC_LOID_SIZE];
     int16_t llid;
     if (!read_llid(session, argv[0], &llid)) return -1;
-    const int16_t code = CTC_STACK_get_loid_id_by_llid(session->olt_id, llid, loid);
+    const int16_t code = CTC_STACK_get_loid_id_by_llid(session->olt_id, loid, llid);
     if (code != 0) return report_ctc(session, code);
     print_olt_id(session, session->olt_id);
     RBX_vty_out(session, "%s: %hd %s", "llid", llid, VTY_NEWLINE(session));

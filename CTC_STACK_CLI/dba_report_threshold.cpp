@@ -96,7 +96,7 @@ int dba_report_thresholds(cmd_element*, vty* session, int, char** argv)
 int show_dba_report_thresholds(cmd_element*, vty* session, int argc, char** argv)
 {
     OnuTarget onu;
-    Thresholds thresholds;
+    Thresholds thresholds{};
     int result;
     if (!read_onu_target(session, argc, argv, &onu, &result)) return result;
     const int16_t code = CTC_STACK_get_dba_report_thresholds(onu.olt_id, onu.onu_id, &thresholds.number_of_queue_sets,

@@ -82,7 +82,7 @@ int set_params(cmd_element*, vty* session, int, char** argv)
 
 int show_ctc_parameters(cmd_element*, vty* session, int, char**)
 {
-    Parameters parameters;
+    Parameters parameters{};
     const int16_t code = CTC_STACK_get_parameters(&parameters.automatic_mode, &parameters.number_of_records,
                                                   parameters.records, &parameters.automatic_onu_configuration_mode);
     if (code != 0) return report_ctc(session, code);

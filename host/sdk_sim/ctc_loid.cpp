@@ -219,7 +219,7 @@ int16_t CTC_STACK_set_loid_db_llid(int16_t olt_id, const char* loid, int16_t lli
     });
 }
 
-int16_t CTC_STACK_get_loid_id_by_llid(int16_t olt_id, int16_t llid, char loid[CTC_LOID_SIZE])
+int16_t CTC_STACK_get_loid_id_by_llid(int16_t olt_id, char loid[CTC_LOID_SIZE], int16_t llid)
 {
     return on_olt(get_loid_llid, olt_id, in(olt_id, llid), out(as_text(loid, CTC_LOID_SIZE)), [&](Olt& olt) {
         if (!is_link(llid)) return PARAMETER_ERROR;

@@ -53,7 +53,7 @@ int16_t CTC_STACK_get_auth_mode(int16_t olt_id, int32_t* mode);
  * sets the link free. A link or a LOID that is bound otherwise: -17007. A LOID that is not in the table, or a link
  * outside 0..254: -4. A free link that is to be set free, or is asked for its LOID: -17001. */
 int16_t CTC_STACK_set_loid_db_llid(int16_t olt_id, const char* loid, int16_t llid);
-int16_t CTC_STACK_get_loid_id_by_llid(int16_t olt_id, int16_t llid, char loid[CTC_LOID_SIZE]);
+int16_t CTC_STACK_get_loid_id_by_llid(int16_t olt_id, char loid[CTC_LOID_SIZE], int16_t llid);
 
 #ifdef __cplusplus
 }
