@@ -4,8 +4,8 @@
 
   unused_operations.py path/to/libepon_cli.so OUTPUT.c
 
-The library keeps addresses of SDK operations in its tables, so a host must have them all. The minimal host brings its
-own definitions of those that its run uses; these, which are weak, stand for the others, and a call of one ends the run.
+The library keeps addresses of SDK operations in its tables, so a host must have them all. A host brings its own
+definitions of those that its run uses; these, which are weak, stand for the others, and a call of one ends the run.
 """
 
 import sys
@@ -21,7 +21,7 @@ def main():
     with open(output, "w", encoding="utf-8") as file:
         file.write("#include <stdio.h>\n#include <stdlib.h>\n\n"
                    "static void not_expected(const char* name)\n"
-                   '{\n    fprintf(stderr, "minimal_host: wrong: the run calls %s\\n", name);\n    exit(1);\n}\n\n')
+                   '{\n    fprintf(stderr, "wrong: the run calls %s\\n", name);\n    exit(1);\n}\n\n')
         for name in names:
             file.write(f"__attribute__((weak)) void {name}(void) {{ not_expected(\"{name}\"); }}\n")
 

@@ -46,6 +46,8 @@ TEST_F(CtcIdentity, BroadcastAddressIsNotLookedUp)
     enter(VIEW_NODE);
     EXPECT_EQ(type("show ctc onu chipset-id 0 onu-mac-address ff-ff-ff-ff-ff-ff"), NO_ONU);
     EXPECT_EQ(journal(), Calls{"CTC_STACK_get_chipset_id(0, 4095) = -17002"});
+    EXPECT_EQ(type("show ctc onu chipset-id 3 onu-mac-address ff-ff-ff-ff-ff-ff"), NO_OLT);
+    EXPECT_EQ(journal(), Calls{"CTC_STACK_get_chipset_id(3, 4095) = -17003"});
     // In these letters only.
     EXPECT_EQ(type("show ctc onu chipset-id 0 onu-mac-address FF-FF-FF-FF-FF-FF"),
               "There is no FF-FF-FF-FF-FF-FF mac address in the system\r\n");

@@ -63,6 +63,17 @@ TEST_F(RemoteTarget, FourCharactersAreAnIndexAndFiveAnAddress)
     expect("0", "00005", "Error reading MAC address parameter from the MAC address string, aborting\r\n", 0);
 }
 
+TEST_F(RemoteTarget, CodesHaveTheWordsOfRemoteManagement)
+{
+    // -17003 is a code of another family.
+    const std::pair<int16_t, const char*> codes[] = {
+        {-13014, "query failed"}, {-17003, "Error code was not found!!!"}, {1, "Error code was not found!!!"}};
+    for (const auto& [code, words] : codes) {
+        inject("REMOTE_NEPONU_rstp_ldp_get_mode", code);
+        expect("0", "5", failure(words, code), 0, {"REMOTE_NEPONU_rstp_ldp_get_mode(0, 5) = " + std::to_string(code)});
+    }
+}
+
 TEST_F(RemoteTarget, AddressOfAtMostSeventeenCharacters)
 {
     expect("0", "02-00-00-00-00-05", MODE, 0, {"Mac_address_exist(0, 02-00-00-00-00-05) = 1 -> 5", GET});

@@ -226,10 +226,11 @@ TEST(ReturnCodes, TheEndRowIsNeverMatched)
     EXPECT_STREQ(vireo4_dba_error_string_lookup(-1), NOT_FOUND);
 }
 
-TEST(ReturnCodes, ZeroIsOkAndMinusSevenIsUnknown)
+TEST(ReturnCodes, ZeroIsOkAndMinusSevenAndOneAreUnknown)
 {
     EXPECT_STREQ(error_string_lookup(0), "exit ok");
     EXPECT_STREQ(error_string_lookup(-7), NOT_FOUND);
+    EXPECT_STREQ(error_string_lookup(1), NOT_FOUND);
 }
 
 TEST(ReturnCodes, OnlyTheLowSixteenBitsCount)
