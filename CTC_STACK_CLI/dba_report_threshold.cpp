@@ -57,13 +57,14 @@ bool read_queue(vty* session, TokenList& tokens, CTC_queue_threshold* queue, int
     return read_number(session, token, unsigned_16("threshold"), &queue->threshold);
 }
 
-void print_queues(vty* session, const Thresholds& thresholds)
+// Reports have a blank before the line end; what a setting answers has none.
+void print_queues(vty* session, const Thresholds& thresholds, const char* blank)
 {
     for (uint32_t set = 0; set < configured_sets(thresholds); ++set) {
         for (int queue = 0; queue < CTC_QUEUES; ++queue) {
             const CTC_queue_threshold& entry = thresholds.queue_sets[set].queues[queue];
-            RBX_vty_out(session, "queue %d: state: %s threshold: 0x%x%s", queue, entry.state != 0 ? "TRUE" : "FALSE",
-                        entry.threshold, VTY_NEWLINE(session));
+            RBX_vty_out(session, "queue %d: state: %s threshold: 0x%x%s%s", queue, entry.state != 0 ? "TRUE" : "FALSE",
+                        entry.threshold, blank, VTY_NEWLINE(session));
         }
     }
 }
@@ -89,7 +90,7 @@ int dba_report_thresholds(cmd_element*, vty* session, int, char** argv)
     const int16_t code = CTC_STACK_set_dba_report_thresholds(onu.olt_id, onu.onu_id, &thresholds.number_of_queue_sets,
                                                              thresholds.queue_sets);
     if (code != 0) return report_ctc(session, code);
-    print_queues(session, thresholds);
+    print_queues(session, thresholds, "");
     return 0;
 }
 
@@ -104,7 +105,7 @@ int show_dba_report_thresholds(cmd_element*, vty* session, int argc, char** argv
     if (code != 0) return report_ctc(session, code);
     print_onu(session, onu);
     RBX_vty_out(session, "%s: %u %s", "number_of_queue_sets", thresholds.number_of_queue_sets, VTY_NEWLINE(session));
-    print_queues(session, thresholds);
+    print_queues(session, thresholds, " ");
     return 0;
 }
 

@@ -18,13 +18,14 @@ class DbaReportThreshold : public ExtendedOam {
         text.pop_back();
         return text;
     }
-    static std::string lines(int sets, int first_threshold = 0)
+    // What a setting answers; reports have a blank before the line end.
+    static std::string lines(int sets, int first_threshold = 0, const char* end = "\r\n")
     {
         std::string text;
         for (int i = 0; i < 8 * sets; ++i) {
             char line[64];
-            snprintf(line, sizeof line, "queue %d: state: %s threshold: 0x%x\r\n", i % 8, i % 2 == 0 ? "TRUE" : "FALSE",
-                     first_threshold + i);
+            snprintf(line, sizeof line, "queue %d: state: %s threshold: 0x%x%s", i % 8, i % 2 == 0 ? "TRUE" : "FALSE",
+                     first_threshold + i, end);
             text += line;
         }
         return text;
@@ -67,12 +68,12 @@ TEST_F(DbaReportThreshold, Show)
 {
     std::string none;
     for (int queue = 0; queue < 8; ++queue)
-        none += "queue " + std::to_string(queue) + ": state: FALSE threshold: 0x0\r\n";
+        none += "queue " + std::to_string(queue) + ": state: FALSE threshold: 0x0 \r\n";
     expect_show(ctc_show("dba-reports-threshold"), ONU_5 + ("number_of_queue_sets: 2 \r\n" + none),
                 "CTC_STACK_get_dba_report_thresholds(0, 5) = 0 -> 2, [-,-,-,-,-,-,-,-]");
     set("3", list(2, 65520));
     journal();
-    expect_show(ctc_show("dba-reports-threshold"), ONU_5 + ("number_of_queue_sets: 3 \r\n" + lines(2, 65520)),
+    expect_show(ctc_show("dba-reports-threshold"), ONU_5 + ("number_of_queue_sets: 3 \r\n" + lines(2, 65520, " \r\n")),
                 "CTC_STACK_get_dba_report_thresholds(0, 5) = 0 -> 3, "
                 "[65520,-,65522,-,65524,-,65526,-;65528,-,65530,-,65532,-,65534,-]");
 }
