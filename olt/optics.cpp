@@ -212,7 +212,7 @@ static constinit cmd_element set_olt_optics_by_module_and_connectivity_cmd =
             "Which module\n"
             "auto: the one that is found; ltx5302, ltx5302a, ltx5302b, fiberxon, superxon: one of that kind\n");
 
-static constinit cmd_element set_olt_optics_rx_term_mode_global_cmd =
+static constinit cmd_element set_olt_optics_single_param_rx_term_mode_global_cmd =
     command("set olt OLT_INDEX optics (1g|10g) optics-rx-term-mode "
             "(pon-rx-termination-dc-coupling-cml|pon-rx-termination-ac-coupling|"
             "pon-rx-termination-dc-coupling-lvpecl|pon-rx-termination-not-relevant-coupling)",
@@ -225,7 +225,7 @@ static constinit cmd_element set_olt_optics_rx_term_mode_global_cmd =
             "How the input of the receiver is terminated\n"
             "Coupling and level: DC with CML, AC, DC with LVPECL, or not relevant\n");
 
-static constinit cmd_element set_olt_optics_rx_term_mode_cmd =
+static constinit cmd_element set_olt_optics_single_param_rx_term_mode_cmd =
     command("set optics (1g|10g) optics-rx-term-mode "
             "(pon-rx-termination-dc-coupling-cml|pon-rx-termination-ac-coupling|"
             "pon-rx-termination-dc-coupling-lvpecl|pon-rx-termination-not-relevant-coupling)",
@@ -236,7 +236,7 @@ static constinit cmd_element set_olt_optics_rx_term_mode_cmd =
             "How the input of the receiver is terminated\n"
             "Coupling and level: DC with CML, AC, DC with LVPECL, or not relevant\n");
 
-static constinit cmd_element set_olt_optics_predate_xcvr_reset_global_cmd =
+static constinit cmd_element set_olt_optics_single_param_predate_xcvr_reset_global_cmd =
     command("set olt OLT_INDEX optics (1g|10g) optics-predate-xcvr-reset <0-256>", set_olt_optics_single_param,
             "Change a setting\n"
             "An OLT\n"
@@ -246,7 +246,7 @@ static constinit cmd_element set_olt_optics_predate_xcvr_reset_global_cmd =
             "How much earlier the transceiver is reset\n"
             "Time, in time quanta of 16 ns, 0-256\n");
 
-static constinit cmd_element set_olt_optics_predate_xcvr_reset_cmd =
+static constinit cmd_element set_olt_optics_single_param_predate_xcvr_reset_cmd =
     command("set optics (1g|10g) optics-predate-xcvr-reset <0-256>", set_olt_optics_single_param,
             "Change a setting\n"
             "Settings of the optics of this OLT\n"
@@ -254,7 +254,7 @@ static constinit cmd_element set_olt_optics_predate_xcvr_reset_cmd =
             "How much earlier the transceiver is reset\n"
             "Time, in time quanta of 16 ns, 0-256\n");
 
-static constinit cmd_element set_olt_optics_start_hunt_on_cdr_lock_global_cmd = command(
+static constinit cmd_element set_olt_optics_single_param_start_hunt_on_cdr_lock_global_cmd = command(
     "set olt OLT_INDEX optics  (1g|10g) optics-start-hunt-on-CDR-lock (enable|disable)", set_olt_optics_single_param,
     "Change a setting\n"
     "An OLT\n"
@@ -264,7 +264,7 @@ static constinit cmd_element set_olt_optics_start_hunt_on_cdr_lock_global_cmd = 
     "When the receiver begins to look for the start of a burst\n"
     "enable: once the CDR has locked; disable: at once\n");
 
-static constinit cmd_element set_olt_optics_start_hunt_on_cdr_lock_cmd =
+static constinit cmd_element set_olt_optics_single_param_start_hunt_on_cdr_lock_cmd =
     command("set optics (1g|10g) optics-start-hunt-on-CDR-lock (enable|disable)", set_olt_optics_single_param,
             "Change a setting\n"
             "Settings of the optics of this OLT\n"
@@ -283,12 +283,12 @@ void install_optics()
              {&show_olt_optics_cmd, in(OLT_NODE)},
              {&set_olt_optics_by_module_and_connectivity_global_cmd, in(CONFIG_NODE)},
              {&set_olt_optics_by_module_and_connectivity_cmd, in(OLT_NODE)},
-             {&set_olt_optics_rx_term_mode_global_cmd, in(CONFIG_NODE)},
-             {&set_olt_optics_rx_term_mode_cmd, in(OLT_NODE)},
-             {&set_olt_optics_predate_xcvr_reset_global_cmd, in(CONFIG_NODE)},
-             {&set_olt_optics_predate_xcvr_reset_cmd, in(OLT_NODE)},
-             {&set_olt_optics_start_hunt_on_cdr_lock_global_cmd, in(CONFIG_NODE)},
-             {&set_olt_optics_start_hunt_on_cdr_lock_cmd, in(OLT_NODE)}});
+             {&set_olt_optics_single_param_rx_term_mode_global_cmd, in(CONFIG_NODE)},
+             {&set_olt_optics_single_param_rx_term_mode_cmd, in(OLT_NODE)},
+             {&set_olt_optics_single_param_predate_xcvr_reset_global_cmd, in(CONFIG_NODE)},
+             {&set_olt_optics_single_param_predate_xcvr_reset_cmd, in(OLT_NODE)},
+             {&set_olt_optics_single_param_start_hunt_on_cdr_lock_global_cmd, in(CONFIG_NODE)},
+             {&set_olt_optics_single_param_start_hunt_on_cdr_lock_cmd, in(OLT_NODE)}});
 }
 
 } // namespace epon

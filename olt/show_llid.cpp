@@ -122,7 +122,7 @@ static constinit cmd_element show_llid_encryption_cmd = command("show encryption
                                                                 "Show settings and state\n"
                                                                 "Directions of this link that are encrypted\n");
 
-static constinit cmd_element show_llid_olt_encryption_cmd =
+static constinit cmd_element show_llid_encryption_of_olt_cmd =
     command("show olt-encryption", show_llid_encryption,
             "Show settings and state\n"
             "Directions of this link that the OLT encrypts or decrypts\n");
@@ -140,7 +140,7 @@ void install_show_llid()
              {&show_llid_encryption_by_index_cmd, SHOW_NODES},
              {&show_llid_encryption_by_mac_cmd, SHOW_NODES},
              {&show_llid_encryption_cmd, in(LLID_NODE)},
-             {&show_llid_olt_encryption_cmd, in(LLID_NODE)}});
+             {&show_llid_encryption_of_olt_cmd, in(LLID_NODE)}});
 }
 
 } // namespace epon

@@ -91,7 +91,7 @@ int no_pre_init_simple_operation(cmd_element*, vty* session, int, char** argv)
     return report(session, NEP_pre_init_simple_operation_reset(olt_id));
 }
 
-static constinit cmd_element set_rule_for_dereg_llids_operation_cmd =
+static constinit cmd_element set_simple_operation_rule_for_dereg_llids_cmd =
     command("set simple-operation olt OLT_INDEX op-type (set-enable-rule-for-dereg-llids) op-val (disable|enable)",
             set_simple_operation,
             "Change a setting\n"
@@ -103,7 +103,7 @@ static constinit cmd_element set_rule_for_dereg_llids_operation_cmd =
             "The operation's value\n"
             "enable: they stay; disable: they are taken out\n");
 
-static constinit cmd_element show_rule_for_dereg_llids_operation_cmd =
+static constinit cmd_element set_simple_operation_get_rule_for_dereg_llids_cmd =
     command("show simple-operation olt OLT_INDEX op-type (get-enable-rule-for-dereg-llids)", set_simple_operation,
             "Show settings and state\n"
             "Operation of an OLT's firmware with one number\n"
@@ -112,7 +112,7 @@ static constinit cmd_element show_rule_for_dereg_llids_operation_cmd =
             "Which operation\n"
             "Whether rules of a link stay in force while the link is not registered\n");
 
-static constinit cmd_element set_cni_interface_operation_cmd =
+static constinit cmd_element set_simple_operation_cni_interface_cmd =
     command("set simple-operation olt OLT_INDEX op-type (set-cni-interface) op-val (mode-xaui|mode-rxaui|mode-sgmii)",
             set_simple_operation,
             "Change a setting\n"
@@ -124,7 +124,7 @@ static constinit cmd_element set_cni_interface_operation_cmd =
             "The operation's value\n"
             "mode-xaui: four lanes, 10 Gbit/s; mode-rxaui: two lanes, 10 Gbit/s; mode-sgmii: one lane, 1 Gbit/s\n");
 
-static constinit cmd_element show_cni_interface_operation_cmd =
+static constinit cmd_element set_simple_operation_get_cni_interface_cmd =
     command("show simple-operation olt OLT_INDEX op-type (get-cni-interface)", set_simple_operation,
             "Show settings and state\n"
             "Operation of an OLT's firmware with one number\n"
@@ -133,7 +133,7 @@ static constinit cmd_element show_cni_interface_operation_cmd =
             "Which operation\n"
             "Kind of the core network interface\n");
 
-static constinit cmd_element set_firmware_operation_cmd =
+static constinit cmd_element set_simple_operation_of_firmware_cmd =
     command("set simple-operation olt OLT_INDEX op-type (<1000-2000>) op-val (VALUE)", set_simple_operation,
             "Change a setting\n"
             "Operation of an OLT's firmware with one number\n"
@@ -166,11 +166,11 @@ namespace epon {
 
 void install_simple_operation()
 {
-    install({{&set_rule_for_dereg_llids_operation_cmd, in(CONFIG_NODE)},
-             {&show_rule_for_dereg_llids_operation_cmd, in(CONFIG_NODE)},
-             {&set_cni_interface_operation_cmd, in(CONFIG_NODE)},
-             {&show_cni_interface_operation_cmd, in(CONFIG_NODE)},
-             {&set_firmware_operation_cmd, in(CONFIG_NODE)},
+    install({{&set_simple_operation_rule_for_dereg_llids_cmd, in(CONFIG_NODE)},
+             {&set_simple_operation_get_rule_for_dereg_llids_cmd, in(CONFIG_NODE)},
+             {&set_simple_operation_cni_interface_cmd, in(CONFIG_NODE)},
+             {&set_simple_operation_get_cni_interface_cmd, in(CONFIG_NODE)},
+             {&set_simple_operation_of_firmware_cmd, in(CONFIG_NODE)},
              {&set_pre_init_simple_operation_cmd, in(CONFIG_NODE)},
              {&no_pre_init_simple_operation_cmd, in(CONFIG_NODE)}});
 }
