@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// ONUs that answer with all bits set: what the commands of the CTC stack and of remote management print then shows the
-// width and the notation of every field, and what becomes of a value that has no word. Each answer is printed on a
-// terminal and on a plain stream; then the same operation fails.
+// OLTs and ONUs that answer with all bits set: what the commands print then shows the width and the notation of every
+// field, and what becomes of a value that has no word. Each answer is printed on a terminal and on a plain stream; then
+// the same operation fails.
 //
 //   widest_answers path/to/libepon_cli.so
 #include <dlfcn.h>
@@ -80,6 +80,9 @@ TWO_VALUES(REMOTE_NEPONU_uni_get_port, uint8_t)
 TWO_VALUES(REMOTE_NEPONU_get_extend_mtu, uint8_t)
 ONE_RECORD(CTC_STACK_get_chipset_id, CTC_chipset_id)
 ONE_RECORD(CTC_STACK_get_onu_serial_number, CTC_serial_number)
+ONE_RECORD(NEP_get_llid_fec_mode, int32_t)
+ONE_RECORD(NEP_get_onu_mode, int32_t)
+ONE_RECORD(NEP_get_llid_parameters, LLID_parameters)
 
 int16_t REMOTE_NEPONU_get_forward_error_correction_configuration(int16_t olt_id, int16_t onu_id, uint8_t* rx_auto,
                                                                  uint8_t* rx_enable, uint8_t* tx_enable)
@@ -127,9 +130,43 @@ int16_t CTC_STACK_get_communication_configuration(int16_t* timeout_in_100_ms, in
     return answer(resend_limit, sizeof *resend_limit);
 }
 
+int16_t NEP_get_olt_parameters(int16_t olt_id, OLT_parameters* parameters)
+{
+    expect_onu(__func__, olt_id, ONU);
+    return answer(parameters, sizeof *parameters);
+}
+
+int16_t NEP_get_olt_versions(int16_t olt_id, OLT_device_versions* device, OLT_version* firmware, OLT_version* host)
+{
+    expect_onu(__func__, olt_id, ONU);
+    answer(device, sizeof *device);
+    answer(firmware, sizeof *firmware);
+    return answer(host, sizeof *host);
+}
+
+const char* Get_pon_mac_name(int32_t type)
+{
+    return type == -1 ? "no such type" : "a type that was not asked for";
+}
+
+int16_t NEP_get_duplicate_mac_handle_mode(int16_t olt_id, int32_t* mode)
+{
+    expect_onu(__func__, olt_id, ONU);
+    return answer(mode, sizeof *mode);
+}
+
+int16_t NEP_xaui_redundancy_get_params(int16_t olt_id, int32_t parameter, int32_t* value)
+{
+    static int32_t next;
+    if (answer_code != 0 || parameter == 0) next = 0;
+    if (parameter != next++) complain(__func__, "is not called for one parameter after the other");
+    expect_onu(__func__, olt_id, ONU);
+    return answer(value, sizeof *value);
+}
+
 // --- The commands ----------------------------------------------------------------------------------------------
 
-enum family { REMOTE, CTC };
+enum family { REMOTE, CTC, GENERAL, FAMILY_COUNT };
 
 // What a handler prints, line by line, each with the blank before its end.
 struct command {
@@ -137,6 +174,17 @@ struct command {
     enum family family;
     const char* lines;
     const char* own_word; // null for a command without words of its own
+};
+
+// What a code means in each family: a code of one family is none of the others.
+#define NOT_FOUND "Error code was not found!!!"
+static const struct {
+    int16_t code;
+    const char* words[FAMILY_COUNT];
+} failing_codes[] = {
+    {-1, {"exit error", "exit error", "exit error"}}, {-17003, {NOT_FOUND, "OLT not exist", NOT_FOUND}},
+    {-13014, {"query failed", NOT_FOUND, NOT_FOUND}}, {-1003, {NOT_FOUND, NOT_FOUND, "OLT not exist"}},
+    {1, {NOT_FOUND, NOT_FOUND, NOT_FOUND}},
 };
 
 #define NO_WORD ": Invalid value \n"
@@ -186,6 +234,25 @@ static const struct command commands[] = {
     {"show_ctc_version", CTC, "version: 255 \n", NULL},
     {"show_auth_mode", CTC, "mode" NO_WORD, NULL},
     {"show_communication_config", CTC, "timeout_in_100_ms: -1 \nresend_limit: -1 \n", NULL},
+    {"show_olt_parameters", GENERAL,
+     "OLT_id: 15 \nGrant filtering" NO_WORD "Max rtt: -1 \nMin rtt: -1 \n"
+     "OLT Mac Address: 0xff-0xff-0xff-0xff-0xff-0xff- \nOUI 1G: 0xffffffff \nOUI 10G: 0xffffffff \n"
+     "vendor specific 1G: 0xffffffff \nvendor specific 10G: 0xffffffff \nLLID assignment" NO_WORD "sled strobe" NO_WORD
+     "sled mute" NO_WORD "I2C speed" NO_WORD "UART baud rate" NO_WORD,
+     NULL},
+    {"show_olt_grant_filtering", GENERAL, "OLT_id: 15 \nGrant filtering" NO_WORD, NULL},
+    {"show_olt_version", GENERAL,
+     "OLT id: 15 \nDevice: ???????????????????????????????? \nHardware version: FF.FF\nSystem port MAC: no such type \n"
+     "LLIDs (ports) supported: 65535 \nFirmware version: 65535.65535.65535.65535\n"
+     "Host version: 65535.65535.65535.65535\n",
+     NULL},
+    {"show_duplicate_mac_handle_mode", GENERAL, "OLT_id: 15 \nduplicate mac handle mode" NO_WORD, NULL},
+    {"show_llid_fec", GENERAL, "OLT_id: 15 \nfec" NO_WORD, NULL},
+    {"show_llid_mode", GENERAL, "OLT_id: 15 \nmode" NO_WORD, NULL},
+    {"show_llid_authorize", GENERAL, "OLT_id: 15 \nauthorization" NO_WORD, NULL},
+    {"show_llid_encryption", GENERAL, "OLT_id: 15 \nencryption" NO_WORD, NULL},
+    {"xaui_redundancy_params_show", GENERAL,
+     "Inactive channel Mode" NO_WORD "Triggering Mode" NO_WORD "GPIO Mode" NO_WORD, NULL},
 };
 
 // Lines with the line end of a kind of session.
@@ -225,20 +292,17 @@ static void expect_failure(const struct command* command, vty* session, cmd_hand
     char lines[128];
     snprintf(lines, sizeof lines, "Command return error.\n%s (error code : %d)\n", words, code);
     answer_code = code;
-    expect(command, session, handler, lines, command->family == CTC ? code : 0);
+    expect(command, session, handler, lines, command->family == REMOTE ? 0 : code);
     answer_code = 0;
 }
 
 static void run(const struct command* command, cmd_handler* handler)
 {
-    static vty session = {.buf = "", .olt_id = OLT, .onu_id = ONU, .onu_by_index = 1};
+    static vty session = {.buf = "", .olt_id = OLT, .llid = ONU, .onu_id = ONU, .onu_by_index = 1};
     for (session.type = VTY_TYPE_TERMINAL; session.type <= VTY_TYPE_TERMINAL + 1; ++session.type) {
         expect(command, &session, handler, command->lines, 0);
-        // The codes of one family are no codes of the other.
-        const int is_ctc = command->family == CTC;
-        expect_failure(command, &session, handler, -17003, is_ctc ? "OLT not exist" : "Error code was not found!!!");
-        expect_failure(command, &session, handler, -13014, is_ctc ? "Error code was not found!!!" : "query failed");
-        expect_failure(command, &session, handler, 1, "Error code was not found!!!");
+        for (size_t i = 0; i < sizeof failing_codes / sizeof *failing_codes; i++)
+            expect_failure(command, &session, handler, failing_codes[i].code, failing_codes[i].words[command->family]);
     }
 }
 
