@@ -22,12 +22,7 @@ class AuthList : public Links {
     // ONUs 5 and 6, which ask for registration again 5 s after they were sent away.
     void load_two_onus()
     {
-        std::string error;
-        ASSERT_TRUE(sdk_sim::load_scenario_text("[clock]\nspeed = 0\n[life]\nreturn_time = 5\n[[olt]]\nid = 0\n"
-                                                "mac = \"00-0a-c4-00-00-01\"\n[[olt.onu]]\nfirst = 5\ncount = 2\n"
-                                                "mac = \"02-00-00-00-00-05\"\n",
-                                                "test", &error))
-            << error;
+        load(laboratory({{5}, {6}}, "[life]\nreturn_time = 5\n"));
     }
     static std::string mac_of(int number)
     {

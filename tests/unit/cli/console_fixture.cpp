@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "console_fixture.h"
 
+#include <cstdio>
 #include <set>
 
 #include "host/node_rules.h"
@@ -67,12 +68,23 @@ class Walk : public ::testing::Environment {
 
 } // namespace
 
+std::string laboratory(const std::vector<LabOnu>& onus, const std::string& tables)
+{
+    std::string scenario =
+        "name = \"LAB\"\n[clock]\nspeed = 0\n" + tables + "\n[[olt]]\nid = 0\nmac = \"00-0a-c4-00-00-01\"\n";
+    for (const LabOnu& onu : onus) {
+        char address[18];
+        snprintf(address, sizeof address, "02-00-00-00-00-%02x", static_cast<unsigned>(onu.id));
+        scenario += "[[olt.onu]]\nid = " + std::to_string(onu.id) + "\nmac = \"" + address + "\"\n" + onu.keys + "\n";
+    }
+    return scenario + "[[olt]]\nid = 1\nmac = \"00-0a-c4-00-00-02\"\npresent = false\n";
+}
+
 Console::Console()
 {
     activate_once();
     sdk_sim::reset();
-    std::string error;
-    EXPECT_TRUE(sdk_sim::load_scenario_text(NETWORK, "test", &error)) << error;
+    load(std::string(NETWORK));
     sdk_sim::record_journal(true);
     session = engine::open_memory_session();
     enter(CONFIG_NODE);
@@ -109,6 +121,20 @@ void Console::enter(int node, int16_t olt_id)
 {
     session->node = node;
     session->olt_id = olt_id;
+}
+
+void Console::enter_onu(int16_t onu_id, int node, int16_t olt_id)
+{
+    enter(node, olt_id);
+    session->onu_id = onu_id;
+    session->onu_by_index = 1;
+}
+
+void Console::load(const std::string& scenario)
+{
+    std::string error;
+    EXPECT_TRUE(sdk_sim::load_scenario_text(scenario, "test", &error)) << error;
+    journal();
 }
 
 void Console::inject(const char* operation, int16_t code, uint32_t count, uint32_t skip)

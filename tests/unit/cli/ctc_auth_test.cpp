@@ -14,44 +14,14 @@ constexpr const char* TABLE_FULL = "Command return error.\r\ntable full (error c
 
 class CtcAuth : public Links {
   protected:
-    static constexpr std::string_view SUBSCRIBERS = R"(
-name = "LAB"
-[clock]
-speed = 0
-[life]
-return_time = 5
-[[olt]]
-id = 0
-mac = "00-0a-c4-00-00-01"
-[[olt.onu]]
-id = 5
-mac = "02-00-00-00-00-05"
-loid = "alice"
-loid_password = "secret"
-[[olt.onu]]
-id = 6
-mac = "02-00-00-00-00-06"
-loid = "bob"
-[[olt.onu]]
-id = 7
-mac = "02-00-00-00-00-07"
-loid = "carol"
-extended_oam = "none"
-[[olt.onu]]
-id = 8
-mac = "02-00-00-00-00-08"
-[[olt]]
-id = 1
-mac = "00-0a-c4-00-00-02"
-present = false
-)";
-
     CtcAuth()
     {
-        std::string error;
-        EXPECT_TRUE(sdk_sim::load_scenario_text(SUBSCRIBERS, "test", &error)) << error;
+        load(laboratory({{5, "loid = 'alice'\nloid_password = 'secret'"},
+                         {6, "loid = 'bob'"},
+                         {7, "loid = 'carol'\nextended_oam = 'none'"},
+                         {8}},
+                        "[life]\nreturn_time = 5\n"));
         enter(OLT_NODE);
-        journal();
     }
 
     // The registered ONUs among 5 to 8.
@@ -317,8 +287,7 @@ TEST_F(CtcAuth, LinkOfALoidIsForItsOnuAlone)
 
 TEST_F(CtcAuth, LoidAdmitsOneOnuAtATime)
 {
-    std::string error;
-    const std::string twins = R"(
+    load(R"(
 [[olt]]
 id = 0
 mac = "00-0a-c4-00-00-01"
@@ -327,8 +296,7 @@ first = 5
 count = 4
 mac = "02-00-00-00-00-05"
 loid = "shared"
-)";
-    ASSERT_TRUE(sdk_sim::load_scenario_text(twins, "test", &error)) << error;
+)");
     type("ctc auth loid-data-add onu-id shared password none");
     type("ctc auth mode auth-loid");
     EXPECT_EQ(registered(), "8");

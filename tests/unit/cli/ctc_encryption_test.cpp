@@ -2,6 +2,7 @@
 #include "CTC_STACK_CLI/encryption.h"
 
 #include "ctc_stack_fixture.h"
+#include "event_lines.h"
 
 namespace {
 

@@ -1,68 +1,19 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "ctc_fixture.h"
 
-namespace {
-
-constexpr std::string_view ONUS = R"(
-name = "LAB"
-[clock]
-speed = 0
-[[olt]]
-id = 0
-mac = "00-0a-c4-00-00-01"
-[[olt.onu]]
-id = 5
-mac = "02-00-00-00-00-05"
-serial_number = "VNS0A000005"
-[[olt.onu]]
-id = 6
-mac = "02-00-00-00-00-06"
-extended_oam = "none"
-[[olt.onu]]
-id = 7
-mac = "02-00-00-00-00-07"
-extended_oam = "silent"
-[[olt.onu]]
-id = 9
-mac = "02-00-00-00-00-09"
-mode = "unauthorized"
-[[olt.onu]]
-id = 10
-mac = "02-00-00-00-00-0a"
-rate = "10g"
-[[olt.onu]]
-id = 11
-mac = "02-00-00-00-00-0b"
-rate = "10g/1g"
-[[olt]]
-id = 1
-mac = "00-0a-c4-00-00-02"
-present = false
-)";
-
-} // namespace
-
 Ctc::Ctc()
 {
-    std::string error;
-    EXPECT_TRUE(sdk_sim::load_scenario_text(ONUS, "test", &error)) << error;
-    journal();
+    load(laboratory({{5, "serial_number = 'VNS0A000005'"},
+                     {6, "extended_oam = 'none'"},
+                     {7, "extended_oam = 'silent'"},
+                     {9, "mode = 'unauthorized'"},
+                     {10, "rate = '10g'"},
+                     {11, "rate = '10g/1g'"}}));
 }
 
 void Ctc::load_onu(const std::string& keys)
 {
-    const std::string network = R"(
-[clock]
-speed = 0
-[[olt]]
-id = 0
-mac = "00-0a-c4-00-00-01"
-[[olt.onu]]
-id = 5
-mac = "02-00-00-00-00-05"
-)" + keys;
-    std::string error;
-    ASSERT_TRUE(sdk_sim::load_scenario_text(network, "test", &error)) << error;
+    load(laboratory({{5, keys}}));
 }
 
 void Ctc::expect_report(const std::string& object, const std::string& operation, const std::string& report,

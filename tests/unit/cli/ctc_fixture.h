@@ -17,7 +17,7 @@ class Ctc : public ManagedOnus {
 
     Ctc();
 
-    // Puts a network of OLT 0 and ONU 5 alone in the place of this one. keys are further ones of the ONU.
+    // Puts a laboratory with ONU 5 alone in the place of this one. keys are further ones of the ONU.
     void load_onu(const std::string& keys);
 
     // A show of ONU 5, in all its forms and nodes: the target, this report, and one call of the operation, whose line

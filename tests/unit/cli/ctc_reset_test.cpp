@@ -3,6 +3,7 @@
 
 #include "CTC_STACK_CLI/reset.h"
 #include "ctc_fixture.h"
+#include "event_lines.h"
 
 namespace {
 

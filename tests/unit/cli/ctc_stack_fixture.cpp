@@ -3,9 +3,15 @@
 
 ExtendedOam::ExtendedOam()
 {
-    std::string error;
-    EXPECT_TRUE(sdk_sim::load_scenario_text(ONUS, "test", &error)) << error;
-    journal();
+    load(laboratory({{5},
+                     {6, "extended_oam = 'none'"},
+                     {7, "extended_oam = 'silent'"},
+                     {8, "ctc_versions = [[0x222222, 7], [0x111111, 1]]"},
+                     {9, "ctc_gives_keys = false"},
+                     {10, "mode = 'unregistered'"},
+                     {11, "mode = 'unauthorized'"},
+                     {12, "ctc_update_request = 'onu12.img version 7'"}},
+                    "[life]\nreturn_time = 1\n"));
 }
 
 void ExtendedOam::expect_codes(const std::string& line, const char* operation)
@@ -33,7 +39,7 @@ void ExtendedOam::expect_codes(const std::string& line, const char* operation)
 
 void ExtendedOam::expect_absence(const std::string& line)
 {
-    enter_onu(5, 1);
+    enter_onu(5, ONU_NODE, 1);
     EXPECT_EQ(type(line), NO_OLT) << line;
     EXPECT_EQ(result, -17003);
     for (const int16_t onu : {6, 8, 10, 13, 255}) {

@@ -192,7 +192,7 @@ TEST_F(CtcTarget, ASessionsAddressThatIsWrong)
 
 TEST_F(CtcTarget, TheSdkDecidesAboutTheSessionsOlt)
 {
-    enter_onu(5, 99);
+    enter_onu(5, ONU_NODE, 99);
     EXPECT_EQ(type("show ctc dba-reports-threshold"), NO_OLT);
     EXPECT_EQ(result, -17003);
 }

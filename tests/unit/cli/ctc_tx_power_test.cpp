@@ -3,6 +3,7 @@
 
 #include "CTC_STACK_CLI/tx_power.h"
 #include "ctc_fixture.h"
+#include "event_lines.h"
 
 namespace {
 

@@ -16,10 +16,7 @@ class DbaControl : public Links {
 
     void run_algorithm(const char* name)
     {
-        std::string error;
-        const std::string scenario =
-            std::string("[[olt]]\nid = 0\nmac = \"00-0a-c4-00-00-01\"\n[olt.dba]\nalgorithm = \"") + name + "\"\n";
-        ASSERT_TRUE(sdk_sim::load_scenario_text(scenario, "test", &error)) << error;
+        load(std::string("[[olt]]\nid = 0\nmac = \"00-0a-c4-00-00-01\"\n[olt.dba]\nalgorithm = \"") + name + "\"\n");
     }
 };
 

@@ -88,11 +88,8 @@ TEST_F(EncryptionDirection, PacketNumbersGrow)
 
 TEST_F(EncryptionDirection, EveryLinkOfAFullOlt)
 {
-    std::string error;
-    ASSERT_TRUE(sdk_sim::load_scenario_text("[clock]\nspeed = 0\n[[olt]]\nid = 0\nmac = \"00-0a-c4-00-00-01\"\n"
-                                            "[[olt.onu]]\nfirst = 0\ncount = 255\nmac = \"02-00-00-00-01-00\"\n",
-                                            "test", &error))
-        << error;
+    load("[clock]\nspeed = 0\n[[olt]]\nid = 0\nmac = \"00-0a-c4-00-00-01\"\n"
+         "[[olt.onu]]\nfirst = 0\ncount = 255\nmac = \"02-00-00-00-01-00\"\n");
     std::string expected = "OLT_id: 0 \r\n";
     for (int llid = 0; llid < ENCRYPTION_PN_DB_LIMIT; ++llid) {
         const std::string index = std::to_string(llid);

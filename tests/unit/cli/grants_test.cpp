@@ -152,8 +152,7 @@ TEST_F(Grants, WhatTheDeviceRefuses)
 
 TEST_F(Grants, ABandwidthAllocationKeepsThemOut)
 {
-    std::string error;
-    ASSERT_TRUE(sdk_sim::load_scenario_text(LINKS, "test", &error)) << error;
+    load(links());
     type("set-grants add-record 5 grant-length 7");
     EXPECT_EQ(type("set-grants apply cycle-size 100"),
               "Command return error.\r\ndba already running (error code : -1009)\r\n");

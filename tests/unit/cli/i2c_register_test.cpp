@@ -102,8 +102,7 @@ TEST_F(I2cRegister, TheModuleMeasuresItsTemperature)
 {
     const std::string warm =
         std::string(NETWORK).insert(NETWORK.find("[[olt]]\nid = 1"), "[olt.firmware]\ntemperature = -12.5\n\n");
-    std::string error;
-    ASSERT_TRUE(sdk_sim::load_scenario_text(warm, "test", &error)) << error;
+    load(warm);
     EXPECT_EQ(dump("pon-sec", "0xa2", "96", "4"), "OLT_id: 0 \r\n0060: f3 80 80 e8\r\n");
 }
 

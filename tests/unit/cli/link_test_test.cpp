@@ -89,10 +89,9 @@ TEST_F(LinkTests, AContinuousTestEndsWhenItIsStopped)
 
 TEST_F(LinkTests, LostFramesAreCounted)
 {
-    std::string error;
-    std::string scenario(LINKS);
+    std::string scenario = links();
     scenario.replace(scenario.find("rtt = 1000"), 10, "frame_error_rate = 10000");
-    ASSERT_TRUE(sdk_sim::load_scenario_text(scenario, "test", &error)) << error;
+    load(scenario);
     enter_llid(5);
     EventLines events;
     type("test link-test number-of-frames 32766 size 64 delay-measurement disable vlan disable");

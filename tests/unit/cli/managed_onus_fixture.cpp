@@ -4,56 +4,13 @@
 #include <algorithm>
 #include <cstring>
 
-namespace {
-
-constexpr std::string_view ONUS = R"(
-name = "LAB"
-[clock]
-speed = 0
-[[olt]]
-id = 0
-mac = "00-0a-c4-00-00-01"
-[[olt.onu]]
-id = 5
-mac = "02-00-00-00-00-05"
-rate = "10g"
-[[olt.onu]]
-id = 6
-mac = "02-00-00-00-00-06"
-extended_oam = "none"
-remote_management = "none"
-[[olt.onu]]
-id = 7
-mac = "02-00-00-00-00-07"
-extended_oam = "silent"
-remote_management = "silent"
-[[olt.onu]]
-id = 9
-mac = "02-00-00-00-00-09"
-mode = "unauthorized"
-[[olt.onu]]
-id = 254
-mac = "02-00-00-00-00-fe"
-[[olt]]
-id = 1
-mac = "00-0a-c4-00-00-02"
-present = false
-)";
-
-} // namespace
-
 ManagedOnus::ManagedOnus()
 {
-    std::string error;
-    EXPECT_TRUE(sdk_sim::load_scenario_text(ONUS, "test", &error)) << error;
-    journal();
-}
-
-void ManagedOnus::enter_onu(int16_t onu_id, int16_t olt_id)
-{
-    enter(ONU_NODE, olt_id);
-    session->onu_id = onu_id;
-    session->onu_by_index = 1;
+    load(laboratory({{5, "rate = '10g'"},
+                     {6, "extended_oam = 'none'\nremote_management = 'none'"},
+                     {7, "extended_oam = 'silent'\nremote_management = 'silent'"},
+                     {9, "mode = 'unauthorized'"},
+                     {254}}));
 }
 
 void ManagedOnus::enter_onu_by_mac(const char* mac)
@@ -166,7 +123,7 @@ void ManagedOnus::expect_failures(const std::string& line, const char* operation
         expect_failure(line, {-2, "time out"}, family);
     }
     for (const int16_t olt_id : {1, 2}) {
-        enter_onu(5, olt_id);
+        enter_onu(5, ONU_NODE, olt_id);
         expect_failure(line, family.no_olt, family);
     }
     enter_onu(5);

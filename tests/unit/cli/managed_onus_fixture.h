@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "console_fixture.h"
-#include "links_fixture.h"
 
 // The nodes that have the forms of a show in which the ONU is named.
 inline const std::vector<int> EVERY_SHOW_NODE = {VIEW_NODE, ENABLE_NODE, CONFIG_NODE};
@@ -19,9 +18,7 @@ class ManagedOnus : public Console {
   protected:
     ManagedOnus();
 
-    // Brings the session into the context of an ONU, as "onu" by index would.
-    void enter_onu(int16_t onu_id, int16_t olt_id = 0);
-    // The same as "onu" by MAC address would.
+    // Brings the session into the context of an ONU, as "onu" by MAC address would.
     void enter_onu_by_mac(const char* mac);
 
     // A show of one ONU, without its own words: "show onu remote mac encryption-key" and "show remote mac

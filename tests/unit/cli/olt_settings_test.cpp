@@ -158,14 +158,7 @@ int16_t context_of(const Line& line, int16_t olt_id)
     return std::string(line.text).find('#') == std::string::npos ? olt_id : 9;
 }
 
-class OltSettings : public Console {
-  protected:
-    void load(const std::string& scenario)
-    {
-        std::string error;
-        ASSERT_TRUE(sdk_sim::load_scenario_text(scenario, "test", &error)) << error;
-    }
-};
+class OltSettings : public Console {};
 
 TEST_F(OltSettings, WhatWasSetIsShown)
 {
@@ -231,8 +224,7 @@ TEST_F(OltSettings, AFailingCallIsReportedAndChangesNothing)
 TEST_F(OltSettings, AResetTakesThemBack)
 {
     for (const Setting& setting : settings()) {
-        std::string error;
-        ASSERT_TRUE(sdk_sim::load_scenario_text(NETWORK, "test", &error)) << error;
+        load(std::string(NETWORK));
         const Line& set = setting.sets[0];
         const Line& show = setting.shows[0];
         enter(show.node);

@@ -23,14 +23,7 @@ std::string refusal(int olt_id)
            ") doesn't exist. Can't enter to olt CLI mode with this parameter.\r\n";
 }
 
-class Olt : public Console {
-  protected:
-    void load(const std::string& scenario)
-    {
-        std::string error;
-        ASSERT_TRUE(sdk_sim::load_scenario_text(scenario, "test", &error)) << error;
-    }
-};
+class Olt : public Console {};
 
 // --- Contexts ----------------------------------------------------------------------------------------------------
 

@@ -56,12 +56,7 @@ TEST_F(OnuDeregister, WaitingEndsWhenTheOnuHasLeft)
 
 TEST_F(OnuDeregister, OnusComeBackWhereTheScenarioSaysSo)
 {
-    std::string error;
-    ASSERT_TRUE(sdk_sim::load_scenario_text("[clock]\nspeed = 0\n[life]\nreturn_time = 5\n[[olt]]\nid = 0\n"
-                                            "mac = \"00-0a-c4-00-00-01\"\n[[olt.onu]]\nid = 5\n"
-                                            "mac = \"02-00-00-00-00-05\"\n",
-                                            "test", &error))
-        << error;
+    load(laboratory({{5}}, "[life]\nreturn_time = 5\n"));
     EventLines events;
     type("onu deregister 5 wait-for-completion");
     EXPECT_EQ(events.after(4999), LEFT);

@@ -8,17 +8,9 @@
 
 class OnuDevices : public ManagedOnus {
   protected:
-    static constexpr std::string_view DEVICES = R"(
-name = "LAB"
-[clock]
-speed = 0
-[[olt]]
-id = 0
-mac = "00-0a-c4-00-00-01"
-[[olt.onu]]
-id = 5
-mac = "02-00-00-00-00-05"
-rtt = 1000
+    static std::string devices()
+    {
+        return laboratory({{5, R"(rtt = 1000
 frame_error_rate = 2000
 [olt.onu.device]
 hardware_major = 0x1a2b
@@ -34,49 +26,18 @@ adc_channel_0 = 1250
 adc_channel_1 = 3300
 reboot_counter = 14
 uni_loopback_fails = true
-[[olt.onu]]
-id = 6
-mac = "02-00-00-00-00-06"
-remote_management = "none"
-[olt.onu.device]
-frames_per_second = 1000
-[[olt.onu]]
-id = 7
-mac = "02-00-00-00-00-07"
-remote_management = "silent"
-[[olt.onu]]
-id = 9
-mac = "02-00-00-00-00-09"
-mode = "unauthorized"
-[[olt.onu]]
-id = 253
-mac = "02-00-00-00-00-fd"
-[olt.onu.device]
-oam_version = 2
-os_type = 255
-[[olt.onu]]
-id = 254
-mac = "02-00-00-00-00-fe"
-[[olt]]
-id = 1
-mac = "00-0a-c4-00-00-02"
-present = false
-)";
+)"},
+                           {6, "remote_management = 'none'\n[olt.onu.device]\nframes_per_second = 1000"},
+                           {7, "remote_management = 'silent'"},
+                           {9, "mode = 'unauthorized'"},
+                           {253, "[olt.onu.device]\noam_version = 2\nos_type = 255"},
+                           {254}});
+    }
 
     OnuDevices()
     {
-        std::string error;
-        EXPECT_TRUE(sdk_sim::load_scenario_text(DEVICES, "test", &error)) << error;
-        journal();
+        load(devices());
         enter_onu(5);
-    }
-
-    // A setting that is accepted without a word.
-    void expect_set(const std::string& line, const std::string& call)
-    {
-        EXPECT_EQ(type(line), "") << line;
-        EXPECT_EQ(result, 0);
-        EXPECT_EQ(journal(), Calls{call});
     }
 
     // Words that a handler refuses before it calls the SDK.
@@ -92,18 +53,5 @@ present = false
             EXPECT_EQ(result, -1);
         }
         EXPECT_EQ(journal(), Calls{});
-    }
-
-    // The three ways in which a word of a type is refused.
-    void expect_word_refusals(cmd_handler* handler, std::vector<std::string> words, size_t which,
-                              const std::string& name, const std::string& type_name, size_t room)
-    {
-        const std::string reading = "Error reading " + name + " parameter";
-        words[which] = "";
-        expect_refusals({{handler, words, reading + " for command from input, aborting\r\n"}});
-        words[which] = std::string(room - 1, 'x');
-        expect_refusals({{handler, words, reading + " (of the type " + type_name + "), aborting\r\n"}});
-        words[which] = std::string(room, 'x');
-        expect_refusals({{handler, words, reading + ", internal buffer is too short, aborting!\r\n"}});
     }
 };

@@ -11,10 +11,7 @@ class PonClock : public Links {
   protected:
     PonClock()
     {
-        std::string error;
-        const std::string two = "\n[[olt]]\nid = 2\nmac = \"00-0a-c4-00-00-03\"\n";
-        EXPECT_TRUE(sdk_sim::load_scenario_text(std::string(LINKS) + two, "test", &error)) << error;
-        journal();
+        load(links() + "[[olt]]\nid = 2\nmac = \"00-0a-c4-00-00-03\"\n");
     }
 
     std::string clock_of(const std::string& olt)

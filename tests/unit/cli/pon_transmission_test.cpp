@@ -108,11 +108,8 @@ TEST_F(PonTransmission, WordsThatAreRefused)
 
 TEST_F(PonTransmission, ModulesThatArePluggedIn)
 {
-    std::string error;
-    ASSERT_TRUE(sdk_sim::load_scenario_text("[[olt]]\nid = 0\nmac = \"00-0a-c4-00-00-01\"\n[olt.pon_modules]\n"
-                                            "primary = true\nsecondary = false\n",
-                                            "test", &error))
-        << error;
+    load("[[olt]]\nid = 0\nmac = \"00-0a-c4-00-00-01\"\n[olt.pon_modules]\n"
+         "primary = true\nsecondary = false\n");
     EXPECT_EQ(type("show olt-pon-module-exist gpio-group-level primary"),
               "OLT_id: 0 \r\nolt pon module exist: yes \r\n");
     EXPECT_EQ(type("show olt-pon-module-exist gpio-group-level secondary"),

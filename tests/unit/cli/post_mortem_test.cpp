@@ -11,19 +11,18 @@ constexpr const char* READ_ERROR = "Error reading OLT_id parameter for command f
 
 class PostMortem : public Console {
   protected:
-    void load(const std::string& firmware)
+    void load_firmware(const std::string& firmware)
     {
-        const std::string network = "[clock]\nspeed = 0\n\n[[olt]]\nid = 0\nmac = \"00-0a-c4-00-00-01\"\n\n"
-                                    "[olt.device]\nfirmware_version = \"4.1.12.3\"\n\n[olt.firmware]\n" +
-                                    firmware;
-        std::string error;
-        ASSERT_TRUE(sdk_sim::load_scenario_text(network, "test", &error)) << error;
+        load("[clock]\nspeed = 0\n\n[[olt]]\nid = 0\nmac = \"00-0a-c4-00-00-01\"\n\n"
+             "[olt.device]\nfirmware_version = \"4.1.12.3\"\n\n[olt.firmware]\n" +
+             firmware);
     }
 };
 
 TEST_F(PostMortem, LineByLine)
 {
-    load("registers = [[0x1000, 0x5400], [0x2000, 0x1f]]\nlog = [\"boot: image 4.1.12.3\", \"\", \"pon: laser on\"]\n");
+    load_firmware(
+        "registers = [[0x1000, 0x5400], [0x2000, 0x1f]]\nlog = [\"boot: image 4.1.12.3\", \"\", \"pon: laser on\"]\n");
     sdk_sim::advance_clock(61000);
     const std::string report = "OLT_id: 0 \r\n"
                                "post-mortem of fw0\r\n"
@@ -47,7 +46,8 @@ TEST_F(PostMortem, LineByLine)
 
 TEST_F(PostMortem, WhatTheFirmwareSaysIsCleaned)
 {
-    load("log = [\"\\u001b[2Jgone\", \"%s%n\\ttab\", \"with cr\\r\", \"\\r\\r\", [255, 7, 65], \"two\\nlines\"]\n");
+    load_firmware(
+        "log = [\"\\u001b[2Jgone\", \"%s%n\\ttab\", \"with cr\\r\", \"\\r\\r\", [255, 7, 65], \"two\\nlines\"]\n");
     const std::string text = type("show post-mortem 0");
     EXPECT_EQ(text.substr(text.find("uptime: 0 s\r\n")),
               "uptime: 0 s\r\n?[2Jgone\r\n%s%n?tab\r\nwith cr\r\n?\r\n??A\r\ntwo\r\nlines\r\n");
@@ -55,7 +55,7 @@ TEST_F(PostMortem, WhatTheFirmwareSaysIsCleaned)
 
 TEST_F(PostMortem, ALongReportIsCut)
 {
-    load("log = [\"" + std::string(5000, 'x') + "\"]\n");
+    load_firmware("log = [\"" + std::string(5000, 'x') + "\"]\n");
     const std::string text = type("show post-mortem 0");
     const std::string head = "post-mortem of fw0\nfirmware: 4.1.12.3\nuptime: 0 s\n";
     EXPECT_EQ(text.substr(text.find('x')), std::string(POST_MORTEM_TEXT_SIZE - 1 - head.size(), 'x') + "\r\n");

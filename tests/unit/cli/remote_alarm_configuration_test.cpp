@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "REMOTE_MANAGEMENT_CLI/alarm_configuration.h"
 
+#include "event_lines.h"
 #include "onu_devices_fixture.h"
 
 namespace {
@@ -125,12 +126,12 @@ TEST_F(RemoteAlarms, GrammarsOfferFourWordsEach)
 
 TEST_F(RemoteAlarms, RefusedWords)
 {
-    const std::vector<std::string> words = {"errored-frame", "enable", "10", "1"};
-    expect_word_refusals(remote_alarm_configuration, words, 0, "type", "alarm_event_type", 30);
-    expect_word_refusals(remote_alarm_configuration, words, 1, "enable_hook_function", "enable_disable", 10);
-    expect_word_refusals(show_remote_alarm_configuration, {""}, 0, "type", "alarm_event_type", 30);
-    expect_word_refusals(remote_event_configuration, {"uni-link", "enable"}, 0, "type", "alarm_event_type", 30);
-    expect_word_refusals(remote_event_configuration, {"uni-link", ""}, 1, "event", "enable_disable", 10);
+    expect_keyword(remote_alarm_configuration, {"?", "enable", "10", "1"}, "type", "alarm_event_type", 30);
+    expect_keyword(remote_alarm_configuration, {"errored-frame", "?", "10", "1"}, "enable_hook_function",
+                   "enable_disable", 10);
+    expect_keyword(show_remote_alarm_configuration, {"?"}, "type", "alarm_event_type", 30);
+    expect_keyword(remote_event_configuration, {"?", "enable"}, "type", "alarm_event_type", 30);
+    expect_keyword(remote_event_configuration, {"uni-link", "?"}, "event", "enable_disable", 10);
     for (const auto& [which, name] : {std::pair<size_t, std::string>{2, "window"}, {3, "threshold"}}) {
         const std::pair<const char*, std::string> numbers[] = {
             {"x", "Error reading " + name + " parameter for command from input, aborting\r\n"},
@@ -138,7 +139,7 @@ TEST_F(RemoteAlarms, RefusedWords)
             {"18446744073709551616", "Error reading " + name + " parameter for command from input, aborting\r\n"},
             {"-1", "Error reading negative value of " + name + " parameter from input, aborting\r\n"}};
         for (const auto& [text, message] : numbers) {
-            std::vector<std::string> refused = words;
+            std::vector<std::string> refused = {"errored-frame", "enable", "10", "1"};
             refused[which] = text;
             expect_refusals({{remote_alarm_configuration, refused, message}});
         }

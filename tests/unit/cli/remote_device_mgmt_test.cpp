@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "REMOTE_MANAGEMENT_CLI/device_mgmt.h"
 
+#include "event_lines.h"
 #include "onu_devices_fixture.h"
 
 namespace {
@@ -22,8 +23,8 @@ TEST_F(RemoteDeviceMgmt, Leds)
         }
         ++led_code;
     }
-    expect_word_refusals(remote_led_configuration, {"", "hw"}, 0, "led", "onu_led", 20);
-    expect_word_refusals(remote_led_configuration, {"uni1", ""}, 1, "activity", "onu_led_activity", 10);
+    expect_keyword(remote_led_configuration, {"?", "hw"}, "led", "onu_led", 20);
+    expect_keyword(remote_led_configuration, {"uni1", "?"}, "activity", "onu_led_activity", 10);
     EXPECT_EQ(REMOTE_NEPONU_set_led_configuration(0, 5, 8, 0), -4);
     EXPECT_EQ(REMOTE_NEPONU_set_led_configuration(0, 5, -1, 0), -4);
     EXPECT_EQ(REMOTE_NEPONU_set_led_configuration(0, 5, 0, 6), -4);
@@ -41,7 +42,7 @@ TEST_F(RemoteDeviceMgmt, EachReasonOfARestartIsItsCause)
         journal();
         ++code;
     }
-    expect_word_refusals(remote_reset_device, {""}, 0, "reason", "reset_reason", 20);
+    expect_keyword(remote_reset_device, {"?"}, "reason", "reset_reason", 20);
     EXPECT_EQ(REMOTE_NEPONU_reset_device(0, 5, 5), -4);
     EXPECT_EQ(REMOTE_NEPONU_reset_device(0, 5, -1), -4);
 }
@@ -107,7 +108,7 @@ TEST_F(RemoteDeviceMgmt, DiagnosticTest)
     expect_set("remote device-mgmt diagnostic-test test uni-loopback", "REMOTE_NEPONU_diagnostic_test(0, 254, 0) = 0");
     EXPECT_NE(type("show remote device-mgmt device-status").find("diagnostic_test: passed"), std::string::npos);
     journal();
-    expect_word_refusals(remote_diagnostic_test, {""}, 0, "test", "diagnostic_test", 20);
+    expect_keyword(remote_diagnostic_test, {"?"}, "test", "diagnostic_test", 20);
     EXPECT_EQ(REMOTE_NEPONU_diagnostic_test(0, 5, 1), -4);
 }
 
@@ -126,8 +127,8 @@ TEST_F(RemoteDeviceMgmt, ExtendMtuSize)
                         "REMOTE_NEPONU_get_extend_mtu(0, 5) = 0 -> " + values);
         }
     }
-    expect_word_refusals(remote_extend_mtu_size, {"", "enable"}, 0, "downstream_extend", "enable_disable", 10);
-    expect_word_refusals(remote_extend_mtu_size, {"enable", ""}, 1, "upstream_extend", "enable_disable", 10);
+    expect_keyword(remote_extend_mtu_size, {"?", "enable"}, "downstream_extend", "enable_disable", 10);
+    expect_keyword(remote_extend_mtu_size, {"enable", "?"}, "upstream_extend", "enable_disable", 10);
     EXPECT_EQ(REMOTE_NEPONU_set_extend_mtu_size(0, 5, 2, 0), -4);
     EXPECT_EQ(REMOTE_NEPONU_set_extend_mtu_size(0, 5, 0, 2), -4);
 }

@@ -25,21 +25,7 @@ TEST_F(RemoteFrameProcessing, ThresholdsOfReports)
 
 TEST_F(RemoteFrameProcessing, ThresholdsComeFromTheScenario)
 {
-    std::string error;
-    ASSERT_TRUE(sdk_sim::load_scenario_text(R"(
-[[olt]]
-id = 0
-mac = "00-0a-c4-00-00-01"
-[[olt.onu]]
-id = 5
-mac = "02-00-00-00-00-05"
-[olt.onu.reports]
-thresholds = false
-queue_sets = 4
-threshold = 65535
-)",
-                                            "test", &error))
-        << error;
+    load(laboratory({{5, "[olt.onu.reports]\nthresholds = false\nqueue_sets = 4\nthreshold = 65535"}}));
     enter_onu(5);
     std::string text = "thresholds_enable: Disable \r\nqueue_sets: 4 \r\n";
     for (int queue = 0; queue < 8; ++queue)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "REMOTE_MANAGEMENT_CLI/mp_application.h"
 
+#include "event_lines.h"
 #include "onu_devices_fixture.h"
 
 namespace {

@@ -54,7 +54,7 @@ TEST_F(RemoteOamApi, SlowProtocolLimit)
     expect_set("remote oam-api slow-protocol-limit protocol enable",
                "REMOTE_NEPONU_set_slow_protocol_limit(0, 5, 1) = 0");
     expect_show(show, "slow_protocol_limit: Enable \r\n", "REMOTE_NEPONU_get_slow_protocol_limit(0, 5) = 0 -> 1");
-    expect_word_refusals(remote_slow_protocol_limit, {""}, 0, "protocol", "enable_disable", 10);
+    expect_keyword(remote_slow_protocol_limit, {"?"}, "protocol", "enable_disable", 10);
     EXPECT_EQ(REMOTE_NEPONU_set_slow_protocol_limit(0, 5, 2), -4);
 }
 

@@ -197,10 +197,9 @@ TEST_F(RemoteOamStatistics, TrafficIsDrawnFromTheSeedUnlessItIsGiven)
     const std::string first = by_leaf("5", "true", "254");
     EXPECT_NE(first, "value: 999 \r\n");
     for (const auto& [seed, is_same] : {std::pair{"1", true}, {"2", false}}) {
-        std::string scenario(DEVICES);
+        std::string scenario = devices();
         scenario.insert(scenario.find("[[olt]]"), std::string("[life]\nseed = ") + seed + "\n");
-        std::string error;
-        ASSERT_TRUE(sdk_sim::load_scenario_text(scenario, "test", &error)) << error;
+        load(scenario);
         sdk_sim::advance_clock(1000);
         EXPECT_EQ(by_leaf("5", "true", "254") == first, is_same) << seed;
     }
@@ -208,8 +207,7 @@ TEST_F(RemoteOamStatistics, TrafficIsDrawnFromTheSeedUnlessItIsGiven)
 
 TEST_F(RemoteOamStatistics, RefusedWords)
 {
-    const std::vector<std::string> words = {"0", "5", "7", "2", "true"};
-    expect_word_refusals(show_remote_oam_stat_by_leaf, words, 4, "rbx_onu", "true_false", 10);
+    expect_keyword(show_remote_oam_stat_by_leaf, {"0", "5", "7", "2", "?"}, "rbx_onu", "true_false", 10);
     expect_refusals({
         {show_remote_oam_stat_by_leaf,
          {"0", "5", "256", "2", "true"},

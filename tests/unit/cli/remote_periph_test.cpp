@@ -67,8 +67,8 @@ TEST_F(RemotePeriph, WrongTypeNameOfTheConverterIsKept)
 
 TEST_F(RemotePeriph, RefusedWords)
 {
-    expect_word_refusals(remote_ADC_config, {"", "0"}, 0, "config", "loopback_mode", 20);
-    expect_word_refusals(show_remote_ADC_config, {""}, 0, "config", "loopback_mode", 20);
+    expect_keyword(remote_ADC_config, {"?", "0"}, "config", "loopback_mode", 20);
+    expect_keyword(show_remote_ADC_config, {"?"}, "config", "loopback_mode", 20);
     expect_refusals({{remote_ADC_config,
                       {"adc-channel", "2"},
                       "Error in range of value parameter for command from input min:0 max:1, aborting\r\n"},

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "REMOTE_MANAGEMENT_CLI/rstp_ldp.h"
 
+#include "event_lines.h"
 #include "managed_onus_fixture.h"
 
 namespace {

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "event_lines.h"
 #include "onu_devices_fixture.h"
 
 namespace {

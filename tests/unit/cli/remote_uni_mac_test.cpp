@@ -60,13 +60,7 @@ class RemoteUniMac : public ManagedOnus {
     // ONU 5 with somebody else at its port.
     void plug_in(const std::string& partner)
     {
-        std::string error;
-        ASSERT_TRUE(sdk_sim::load_scenario_text("[clock]\nspeed = 0\n[[olt]]\nid = 0\nmac = \"00-0a-c4-00-00-01\"\n"
-                                                "[[olt.onu]]\nid = 5\nmac = \"02-00-00-00-00-05\"\n"
-                                                "[olt.onu.uni_partner]\n" +
-                                                    partner,
-                                                "test", &error))
-            << error;
+        load(laboratory({{5, "[olt.onu.uni_partner]\n" + partner}}));
     }
 
     void configure(const Words& words)

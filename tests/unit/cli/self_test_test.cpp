@@ -21,7 +21,7 @@ class SelfTest : public Console {
   protected:
     SelfTest()
     {
-        load("");
+        load_firmware("");
         completed.clear();
         sdk_sim::start();
         enter(OLT_NODE);
@@ -31,11 +31,9 @@ class SelfTest : public Console {
         sdk_sim::stop();
     }
     // The network's clock stands still, but for wait().
-    void load(const std::string& firmware)
+    void load_firmware(const std::string& firmware)
     {
-        std::string network = "[clock]\nspeed = 0\n\n[[olt]]\nid = 0\nmac = \"00-0a-c4-00-00-01\"\n" + firmware;
-        std::string error;
-        ASSERT_TRUE(sdk_sim::load_scenario_text(network, "test", &error)) << error;
+        load("[clock]\nspeed = 0\n\n[[olt]]\nid = 0\nmac = \"00-0a-c4-00-00-01\"\n" + firmware);
     }
     std::vector<std::string> wait(uint64_t milliseconds)
     {
@@ -68,7 +66,7 @@ TEST_F(SelfTest, TheResultIsAnEvent)
 
 TEST_F(SelfTest, WhatIsOutOfOrderFails)
 {
-    load("[olt.firmware]\ntemperature = 85.1\n");
+    load_firmware("[olt.firmware]\ntemperature = 85.1\n");
     listen();
     type("self-test");
     EXPECT_EQ(wait(2000), Calls{"0: 1 of 4"});

@@ -107,12 +107,8 @@ TEST_F(XauiRedundancy, Show)
 TEST_F(XauiRedundancy, ValuesOutsideTheTablesAreInvalid)
 {
     for (const char* value : {"2", "255"}) {
-        std::string error;
-        ASSERT_TRUE(sdk_sim::load_scenario_text(std::string("[[olt]]\nid = 0\nmac = \"00-0a-c4-00-00-01\"\n"
-                                                            "[olt.xaui_redundancy]\ninactive_ch_mode = ") +
-                                                    value + "\ntriggering_mode = " + value + "\ngpio_mode = " + value,
-                                                "test", &error))
-            << error;
+        load(std::string("[[olt]]\nid = 0\nmac = \"00-0a-c4-00-00-01\"\n[olt.xaui_redundancy]\ninactive_ch_mode = ") +
+             value + "\ntriggering_mode = " + value + "\ngpio_mode = " + value);
         EXPECT_EQ(type("show xaui-redundancy-params"), "Inactive channel Mode: Invalid value \r\n"
                                                        "Triggering Mode: Invalid value \r\n"
                                                        "GPIO Mode: Invalid value \r\n");

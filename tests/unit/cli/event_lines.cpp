@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "links_fixture.h"
+#include "event_lines.h"
 
 #include <algorithm>
 #include <iterator>
