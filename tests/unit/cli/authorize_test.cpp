@@ -63,18 +63,8 @@ TEST_F(Authorize, FailuresAreReported)
     const std::pair<const char*, const char*> cases[] = {{"authorize", "NEP_authorize_onu"},
                                                          {"no authorize", "NEP_authorize_onu"},
                                                          {"reauthenticate", "NEP_reauthenticate_onu"}};
-    for (const auto& [line, operation] : cases) {
-        enter_llid(5);
-        inject(operation, -5);
-        EXPECT_EQ(type(line), HARDWARE);
-        EXPECT_EQ(result, -5);
-        enter_llid(6);
-        EXPECT_EQ(type(line), NO_ONU);
-        EXPECT_EQ(result, -1007);
-        enter_llid(5, 1);
-        EXPECT_EQ(type(line), NO_OLT);
-        EXPECT_EQ(result, -1003);
-    }
+    for (const auto& [line, operation] : cases)
+        expect_link_failures(line, operation);
 }
 
 } // namespace

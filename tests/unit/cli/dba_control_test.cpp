@@ -79,15 +79,8 @@ TEST_F(DbaControl, Failures)
         {"dba stop-external", "NEP_stop_external_dba_algorithm"},
         {"dba report-format format-mode threshold", "NEP_set_dba_report_format"},
     };
-    for (const auto& [line, operation] : cases) {
-        enter(OLT_PON_NODE);
-        inject(operation, -5);
-        EXPECT_EQ(type(line), HARDWARE) << line;
-        EXPECT_EQ(result, -5);
-        enter(OLT_PON_NODE, 1);
-        EXPECT_EQ(type(line), NO_OLT) << line;
-        EXPECT_EQ(result, -1003);
-    }
+    for (const auto& [line, operation] : cases)
+        expect_olt_failures(line, operation, OLT_PON_NODE);
 }
 
 } // namespace

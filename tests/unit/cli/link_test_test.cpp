@@ -155,18 +155,8 @@ TEST_F(LinkTests, FailuresAreReported)
           "test link-test number-of-frames 1 size 56 delay-measurement disable vlan enable vlan-priority 0 vlan-tag 1",
           "test link-test continuous size 60 vlan disable",
           "test link-test continuous size 60 vlan enable vlan-priority 0 vlan-tag 1",
-          "no link-test delay-measurement enable"}) {
-        enter_llid(5);
-        inject("NEP_link_test", -5);
-        EXPECT_EQ(type(line), HARDWARE);
-        EXPECT_EQ(result, -5);
-        enter_llid(6);
-        EXPECT_EQ(type(line), NO_ONU);
-        EXPECT_EQ(result, -1007);
-        enter_llid(5, 1);
-        EXPECT_EQ(type(line), NO_OLT);
-        EXPECT_EQ(result, -1003);
-    }
+          "no link-test delay-measurement enable"})
+        expect_link_failures(line, "NEP_link_test");
 }
 
 } // namespace

@@ -41,4 +41,30 @@ class Links : public Console {
         session->llid = llid;
         session->onu_by_index = 1;
     }
+
+    // A command of a link whose operation fails, whose link is down, and whose OLT is absent.
+    void expect_link_failures(const std::string& line, const char* operation)
+    {
+        enter_llid(5);
+        inject(operation, -5);
+        expect_failure(line, HARDWARE, -5);
+        enter_llid(6);
+        expect_failure(line, NO_ONU, -1007);
+        enter_llid(5, 1);
+        expect_failure(line, NO_OLT, -1003);
+    }
+    // A command of an OLT whose operation fails, and whose OLT is absent.
+    void expect_olt_failures(const std::string& line, const char* operation, int node)
+    {
+        enter(node);
+        inject(operation, -5);
+        expect_failure(line, HARDWARE, -5);
+        enter(node, 1);
+        expect_failure(line, NO_OLT, -1003);
+    }
+    void expect_failure(const std::string& line, const char* text, int code)
+    {
+        EXPECT_EQ(type(line), text) << line;
+        EXPECT_EQ(result, code) << line;
+    }
 };

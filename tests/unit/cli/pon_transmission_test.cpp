@@ -150,15 +150,8 @@ TEST_F(PonTransmission, FailuresAndAbsentOlts)
         {"show olt-pon-transmission 10g", "NEP_get_olt_pon_transmission"},
         {"show olt-pon-module-exist gpio-group-level primary", "NEP_get_olt_pon_module_exist"},
     };
-    for (const auto& [line, operation] : cases) {
-        enter(OLT_PON_NODE);
-        inject(operation, -5);
-        EXPECT_EQ(type(line), HARDWARE) << line;
-        EXPECT_EQ(result, -5);
-        enter(OLT_PON_NODE, 1);
-        EXPECT_EQ(type(line), NO_OLT) << line;
-        EXPECT_EQ(result, -1003);
-    }
+    for (const auto& [line, operation] : cases)
+        expect_olt_failures(line, operation, OLT_PON_NODE);
 }
 
 } // namespace
