@@ -50,9 +50,10 @@ void report(const Session& session, std::string_view at, std::string_view line, 
 
 } // namespace
 
-Account::Account(Session& its_session, std::string_view its_line) : session(its_session), start(Clock::now())
+Account::Account(Session& its_session, std::string_view its_line)
+    : session(its_session), audited(audits()), start(Clock::now())
 {
-    if (!audits()) return;
+    if (!audited) return;
     line = its_line;
     at = place(session);
 }
@@ -65,7 +66,7 @@ void Account::settle(const Outcome& outcome)
         count_command(outcome.element, outcome.result != 0 || outcome.told_failure, time);
     else if (outcome.status != MatchStatus::Matched && outcome.status != MatchStatus::Empty)
         count(counters().lines_refused);
-    if (!audits() || outcome.status == MatchStatus::Empty) return;
+    if (!audited || outcome.status == MatchStatus::Empty) return;
     std::string shown, hidden;
     if (ran) {
         shown = without_secrets(session, session.match.line, split_words(session.match.line), &hidden);

@@ -18,6 +18,7 @@ class Account {
 
   private:
     Session& session;
+    bool audited; // from its beginning
     std::string line;
     std::string at; // the prompt: the node may be another one afterwards
     Clock::time_point start;

@@ -15,8 +15,7 @@ namespace {
 
 constexpr std::size_t NONE = std::numeric_limits<std::size_t>::max();
 
-// That many keywords are looked through one by one; more are found by a table, unless they are too many for its slots.
-constexpr std::size_t SCANNED_KEYWORDS = 12;
+// More keywords than the slots of a table can number are looked for by halves.
 constexpr std::size_t TABLE_LIMIT = 32 * 1024;
 
 // The same word of two grammars: one token, or the same alternatives in the same order.
@@ -142,16 +141,6 @@ void TreeNode::make_table() const
     }
 }
 
-// Index of the first keyword that is the word; keyword_count when none is.
-std::size_t TreeNode::first_equal(std::string_view word, std::uint16_t check) const
-{
-    if (keyword_count > SCANNED_KEYWORDS) return first_in_table(word, check);
-    std::size_t index = 0;
-    while (index < keyword_count && !is_keyword(edges[index], check, word))
-        index++;
-    return index;
-}
-
 std::size_t TreeNode::first_in_table(std::string_view word, std::uint16_t check) const
 {
     if (keyword_count > TABLE_LIMIT) {
@@ -164,17 +153,6 @@ std::size_t TreeNode::first_in_table(std::string_view word, std::uint16_t check)
     for (std::size_t slot = keyword_hash(word) & mask; table[slot] != 0; slot = (slot + 1) & mask)
         if (is_keyword(edges[table[slot] - 1U], check, word)) return table[slot] - 1U;
     return keyword_count;
-}
-
-std::span<const Edge> TreeNode::keywords_equal(std::string_view word) const
-{
-    if (!has_keyword_like(word)) return {};
-    std::uint16_t check = check_of(word);
-    std::size_t first = first_equal(word, check);
-    std::size_t end = std::min<std::size_t>(first + 1, keyword_count);
-    while (end < keyword_count && is_keyword(edges[end], check, word))
-        end++;
-    return keywords().subspan(first, end - first);
 }
 
 // False when another element has the same words.

@@ -29,7 +29,7 @@ struct Match {
     std::size_t error_word = 0;          // Unknown: index of the first word that no command takes
     std::string reason;                  // Unknown: why, when it can be told ("not in the range 0-65534"), else empty
     std::vector<std::string> candidates; // Ambiguous: the words or commands that the line could mean
-    std::string storage;                 // texts behind argv, each NUL-terminated, modifiable by the handler
+    std::string storage;                 // line once more, for argv: NUL-terminated texts that the handler may modify
 };
 
 // The candidate that stands for the end of a line.
@@ -56,7 +56,7 @@ class CommandTree {
     // has the very same words. A second installation of the same element is ignored.
     bool install(cmd_element* element, Origin origin, std::string* error);
 
-    // Finds the command that the words mean.
+    // Finds the command that the words of one line mean.
     void match(std::span<const std::string_view> words, Match& out) const;
 
     // What can stand where `partial` stands, after the complete words before it; sorted keywords first, "<cr>" last.

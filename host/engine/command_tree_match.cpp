@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // What a typed line means: its command and arguments, or why it means none.
 #include <algorithm>
-#include <cstring>
 
 #include "host/engine/command_tree_nodes.h"
 
@@ -29,60 +28,49 @@ std::string_view form_of(const State& at)
     return at.grammar->form(at.token);
 }
 
-// The states behind each word up to the last one, as indices.
-void path_to(const Walk& walk, std::uint32_t last, std::vector<std::uint32_t>& path)
+std::size_t joined_size(std::span<const std::string_view> words)
 {
-    path.resize(walk.words.size());
-    for (std::size_t i = path.size(); i-- > 0;) {
-        path[i] = last;
-        last = walk.state(last).parent;
+    std::size_t size = words.size() - 1;
+    for (std::string_view word : words)
+        size += word.size();
+    return size;
+}
+
+void write_line(const Walk& walk, std::string& line)
+{
+    std::span<const std::string_view> words = walk.words;
+    auto typed_size = static_cast<std::size_t>(words.back().data() + words.back().size() - words.front().data());
+    if (!walk.states[words.size()].short_word && joined_size(words) == typed_size) {
+        line.assign(words.front().data(), typed_size); // a tab becomes a blank later
+        return;
+    }
+    for (std::size_t i = 0; i < words.size(); i++) {
+        const State& at = walk.states[i + 1];
+        if (i > 0) line += ' ';
+        line += at.grammar->token(at.token).kind == WordKind::Keyword ? form_of(at) : words[i];
     }
 }
 
-char* append(char* to, std::string_view text)
+// The state behind each word is the one of the word's number.
+void accept(const Walk& walk, const Grammar* command, Match& out)
 {
-    std::memcpy(to, text.data(), text.size());
-    return to + text.size();
-}
-
-void accept(const Walk& walk, std::uint32_t final, std::vector<FullWord>& full, Match& out)
-{
-    full.resize(walk.words.size());
-    std::size_t line_size = 0;
-    std::size_t storage_size = 0;
-    std::size_t arguments = 0;
-    std::uint32_t last = final;
-    for (std::size_t i = full.size(); i-- > 0;) {
-        const State& at = walk.state(last);
-        const Token& token = at.grammar->token(at.token);
-        bool keyword = token.kind == WordKind::Keyword;
-        FullWord& word = full[i];
-        word.text = keyword ? std::string_view(at.grammar->text + token.offset, token.length) : walk.words[i];
-        word.argument = !keyword || token.in_group;
-        line_size += word.text.size() + 1;
-        if (word.argument) {
-            storage_size += word.text.size() + 1;
-            arguments++;
-        }
-        last = at.parent;
-    }
-    // Sized first: argv points into the storage.
-    out.line.resize(line_size);
-    out.storage.resize(storage_size);
-    out.argv.resize(arguments);
+    write_line(walk, out.line);
+    out.storage = out.line;
     char* line = out.line.data();
     char* storage = out.storage.data();
-    char** argument = out.argv.data();
-    for (const FullWord& word : full) {
-        line = append(line, word.text);
-        *line++ = ' ';
-        if (!word.argument) continue;
-        *argument++ = storage;
-        storage = append(storage, word.text);
-        *storage++ = '\0';
+    std::size_t begin = 0;
+    const State* at = walk.states.data() + 1;
+    for (std::string_view typed : walk.words) {
+        const Token& token = at->grammar->token(at->token);
+        at++;
+        bool keyword = token.kind == WordKind::Keyword;
+        if (!keyword || token.in_group) out.argv.push_back(storage + begin);
+        begin += keyword ? token.length : typed.size();
+        if (begin == out.line.size()) break;
+        line[begin] = ' ';
+        storage[begin++] = '\0';
     }
-    out.line.pop_back(); // the last blank
-    out.element = walk.command_at(walk.state(final))->element;
+    out.element = command->element;
     out.status = MatchStatus::Matched;
 }
 
@@ -114,7 +102,7 @@ void list_meanings(const Walk& walk, const std::vector<std::uint32_t>& finals, s
 {
     std::vector<std::vector<std::uint32_t>> paths(finals.size());
     for (std::size_t i = 0; i < finals.size(); i++)
-        path_to(walk, finals[i], paths[i]);
+        walk.path_to(finals[i], paths[i]);
     for (std::size_t word = 0; word < walk.words.size(); word++) {
         meanings.clear();
         for (const auto& path : paths)
@@ -254,7 +242,17 @@ void CommandTree::match(std::span<const std::string_view> words, Match& out) con
     if (words.empty()) return;
     Walk& walk = impl->walk;
     walk.start(impl->nodes, words, MATCH_STEPS);
-    for (Walk::Set set; walk.next(&set);) {
+    Walk::Set set;
+    if (walk.go_straight(&set)) {
+        const State& end = walk.state(set.begin);
+        const Grammar* command = walk.command_at(end);
+        if (command != nullptr && !end.ambiguous) {
+            accept(walk, command, out);
+            return;
+        }
+    }
+    walk.start(impl->nodes, words, MATCH_STEPS);
+    while (walk.next(&set)) {
         std::uint32_t final = 0;
         std::size_t commands = 0;
         for (std::uint32_t index = set.begin; index < set.end; index++) {
@@ -265,7 +263,8 @@ void CommandTree::match(std::span<const std::string_view> words, Match& out) con
         if (commands == 0) continue;
         if (commands == 1 && !walk.state(final).ambiguous) {
             if (!has_unclear_end(walk, set, final, words.back())) {
-                accept(walk, final, impl->full_words, out);
+                walk.line_up(final);
+                accept(walk, walk.command_at(walk.states[words.size()]), out);
                 return;
             }
             for (std::uint32_t index = set.begin; index < set.end; index++)

@@ -10,8 +10,10 @@
 // entered once is not entered again with a worse fit, so a walk costs no more than one visit to each place.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -44,8 +46,11 @@ inline std::uint16_t check_of(std::string_view word)
 
 inline bool is_keyword(const Edge& edge, std::uint16_t check, std::string_view word)
 {
-    return edge.check == check && form_of(edge) == word;
+    return edge.check == check && same_text(form_of(edge), word);
 }
+
+// That many keywords are looked through one by one; more are found by a table, unless they are too many for its slots.
+constexpr std::size_t SCANNED_KEYWORDS = 12;
 
 struct TreeNode {
     std::vector<Edge> edges; // keywords sorted by text, behind them values and variables as installed
@@ -75,11 +80,36 @@ struct TreeNode {
     }
     // The keywords from the first that is not less than `word`.
     std::span<const Edge> keywords_from(std::string_view word) const;
-    // The keywords that are `word`: none, one, or one from each of several groups and words.
-    std::span<const Edge> keywords_equal(std::string_view word) const;
+    // The keywords that are `word`, which is not empty: none, one, or one from each of several groups and words.
+    std::span<const Edge> keywords_equal(std::string_view word) const
+    {
+        std::uint16_t check = check_of(word);
+        std::size_t first = first_equal(word, check);
+        std::size_t end = std::min<std::size_t>(first + 1, keyword_count);
+        while (end < keyword_count && is_keyword(edges[end], check, word))
+            end++;
+        return keywords().subspan(first, end - first);
+    }
+    // The same when there is only one of them; otherwise null.
+    const Edge* only_keyword(std::string_view word) const
+    {
+        std::uint16_t check = check_of(word);
+        std::size_t first = first_equal(word, check);
+        if (first == keyword_count) return nullptr;
+        const Edge* edge = &edges[first];
+        return first + 1 < keyword_count && is_keyword(edge[1], check, word) ? nullptr : edge;
+    }
 
   private:
-    std::size_t first_equal(std::string_view word, std::uint16_t check) const;
+    // Index of the first keyword that is the word; keyword_count when none is.
+    std::size_t first_equal(std::string_view word, std::uint16_t check) const
+    {
+        if (keyword_count > SCANNED_KEYWORDS) return first_in_table(word, check);
+        std::size_t index = 0;
+        while (index < keyword_count && !is_keyword(edges[index], check, word))
+            index++;
+        return index;
+    }
     std::size_t first_in_table(std::string_view word, std::uint16_t check) const;
     void make_table() const;
 };
@@ -98,8 +128,9 @@ struct State {
     std::uint32_t node = 0;           // LEAF: behind that word of that grammar
     std::uint32_t parent = 0;         // the state before that word
     std::uint16_t token = 0;
-    bool ambiguous = false; // two alternatives of a group fit equally, here or at an earlier word
-    Step next;              // of a leaf among several states
+    bool ambiguous = false;  // two alternatives of a group fit equally, here or at an earlier word
+    bool short_word = false; // a keyword was typed short, here or at an earlier word
+    Step next;               // of a leaf among several states
 };
 
 // Fits that a walk treats as equally good.
@@ -144,7 +175,14 @@ struct Walk {
                std::span<const FitStep> fit_steps);
     // The next best set that all words lead to; false when there is none.
     bool next(Set* found);
+    // Right behind the start: the first set, found at less cost when every word is typed in full and leaves no choice,
+    // as in most lines. Otherwise false, and the walk has to be started again.
+    bool go_straight(Set* found);
 
+    // The states behind each word up to the last one, as indices.
+    void path_to(std::uint32_t last, std::vector<std::uint32_t>& path) const;
+    // Puts these states next to each other behind the first, where a straight walk has them. The walk is then over.
+    void line_up(std::uint32_t last);
     const State& state(std::uint32_t index) const
     {
         return states[index];
@@ -170,18 +208,11 @@ struct Walk {
     bool was_entered(std::uint32_t parent, const Edge& edge, Fit fit);
 };
 
-// A word of an accepted line, keywords and alternatives in full.
-struct FullWord {
-    std::string_view text;
-    bool argument;
-};
-
 struct CommandTree::Impl {
     std::vector<TreeNode> nodes{1};
     std::vector<const Grammar*> installed;
-    // Kept for their buffers.
+    // Kept for its buffers.
     mutable Walk walk;
-    mutable std::vector<FullWord> full_words;
 
     bool insert(const Grammar* grammar);
 };

@@ -54,6 +54,42 @@ bool Walk::next(Set* found)
     return false;
 }
 
+namespace {
+
+// The one edge that takes the word; null when there is none or a choice, or the word may be a keyword typed short.
+inline const Edge* only_edge(const TreeNode& node, std::string_view word)
+{
+    if (node.has_keyword_like(word)) return node.only_keyword(word);
+    const Edge* only = nullptr;
+    Fit best = Fit::None;
+    for (const Edge& edge : node.values()) {
+        Fit fit = value_fit(edge.grammar->token(edge.token).kind, form_of(edge), word);
+        if (fit == Fit::None || fit > best) continue;
+        only = fit < best ? &edge : nullptr;
+        best = fit;
+    }
+    return only;
+}
+
+} // namespace
+
+bool Walk::go_straight(Set* found)
+{
+    std::uint32_t index = 0;
+    for (std::uint32_t place = 0; index < words.size() && place != LEAF; index++) {
+        const Edge* edge = only_edge((*nodes)[place], words[index]);
+        if (edge == nullptr) return false;
+        place = edge->node;
+        State& reached = states.emplace_back();
+        reached.grammar = edge->grammar;
+        reached.node = place;
+        reached.parent = index;
+        reached.token = edge->token;
+    }
+    *found = {index, index + 1, 0};
+    return index == words.size() || follow_leaf(index, index, found);
+}
+
 void Walk::note_furthest(std::size_t depth, const Set& set)
 {
     if (depth <= furthest) return;
@@ -68,6 +104,10 @@ Step Walk::step_leaf(const Grammar& grammar, std::size_t token, std::string_view
     for (;; token++) {
         const Token& alternative = grammar.token(token);
         Fit fit = fit_of(alternative.kind, grammar.form(token), word);
+        if (fit == Fit::ExactKeyword) { // nothing fits better
+            return {static_cast<std::uint16_t>(token), fit, false,
+                    static_cast<std::uint16_t>(grammar.after_word(token))};
+        }
         if (fit < step.fit) {
             step = {static_cast<std::uint16_t>(token), fit, false, 0};
         } else if (fit == Fit::KeywordPrefix && fit == step.fit) {
@@ -82,19 +122,18 @@ Step Walk::step_leaf(const Grammar& grammar, std::size_t token, std::string_view
 // Only one command is left: all other words are its own, or the walk goes back to a worse set.
 bool Walk::follow_leaf(std::uint32_t index, std::size_t depth, Set* found)
 {
-    State at = states[index];
-    const Grammar& grammar = *at.grammar;
-    std::size_t token = following_token(at);
-    while (depth < words.size() && token < grammar.token_count) {
+    const Grammar& grammar = *states[index].grammar;
+    std::size_t token = following_token(states[index]);
+    bool ambiguous = states[index].ambiguous;
+    bool short_word = states[index].short_word;
+    for (; depth < words.size() && token < grammar.token_count; depth++) {
         Step step = step_leaf(grammar, token, words[depth]);
         if (step.fit == Fit::None) break;
-        at.parent = index;
-        at.token = step.token;
-        at.ambiguous |= step.ambiguous;
-        index = static_cast<std::uint32_t>(states.size());
-        states.push_back(at);
+        ambiguous |= step.ambiguous;
+        short_word |= step.fit == Fit::KeywordPrefix;
+        states.push_back({&grammar, LEAF, index, step.token, ambiguous, short_word, {}});
+        index = static_cast<std::uint32_t>(states.size() - 1);
         token = step.next_token;
-        depth++;
     }
     *found = {index, index + 1, 0};
     note_furthest(depth, *found);
@@ -105,6 +144,23 @@ const Grammar* Walk::command_at(const State& at) const
 {
     if (at.node != LEAF) return (*nodes)[at.node].command;
     return following_token(at) == at.grammar->token_count ? at.grammar : nullptr;
+}
+
+void Walk::path_to(std::uint32_t last, std::vector<std::uint32_t>& path) const
+{
+    path.resize(words.size());
+    for (std::size_t i = path.size(); i-- > 0;) {
+        path[i] = last;
+        last = states[last].parent;
+    }
+}
+
+void Walk::line_up(std::uint32_t last)
+{
+    std::vector<std::uint32_t> path;
+    path_to(last, path);
+    for (std::size_t i = 0; i < path.size(); i++) // no state stands before the place of its word
+        states[i + 1] = states[path[i]];
 }
 
 // Whether an alternative of the same group has led to the same place.
@@ -125,12 +181,9 @@ bool Walk::was_entered(std::uint32_t parent, const Edge& edge, Fit fit)
 inline void Walk::enter(std::uint32_t parent, const Edge& edge, Fit fit)
 {
     if (edge.grammar->token(edge.token).in_group && was_entered(parent, edge, fit)) return;
-    State& reached = states.emplace_back();
-    reached.grammar = edge.grammar;
-    reached.node = edge.node;
-    reached.parent = parent;
-    reached.token = edge.token;
-    reached.ambiguous = states[parent].ambiguous;
+    bool ambiguous = states[parent].ambiguous;
+    bool short_word = states[parent].short_word || fit == Fit::KeywordPrefix;
+    states.push_back({edge.grammar, edge.node, parent, edge.token, ambiguous, short_word, {}});
 }
 
 void Walk::expand(const Set& set, std::string_view word, FitStep step)
@@ -157,6 +210,7 @@ std::uint32_t Walk::expand_node(std::uint32_t index, std::string_view word, std:
 void Walk::expand_edges(const TreeNode& node, std::uint32_t index, std::string_view word, FitStep step)
 {
     if (step.closest == Fit::ExactKeyword) {
+        if (!node.has_keyword_like(word)) return;
         for (const Edge& edge : node.keywords_equal(word))
             enter(index, edge, Fit::ExactKeyword);
     } else if (step.closest == Fit::KeywordPrefix) {
@@ -183,6 +237,7 @@ void Walk::expand_leaf(std::uint32_t index, std::string_view word, FitStep step)
     reached.parent = index;
     reached.token = at.next.token;
     reached.ambiguous = at.ambiguous || at.next.ambiguous;
+    reached.short_word = at.short_word || at.next.fit == Fit::KeywordPrefix;
     states.push_back(reached);
 }
 

@@ -98,8 +98,9 @@ void split_words(std::string_view line, std::vector<std::string_view>* words)
             at++;
         if (at == end) return;
         const char* word = at;
-        while (at != end && !is_blank(*at))
+        do
             at++;
+        while (at != end && !is_blank(*at));
         words->emplace_back(word, static_cast<std::size_t>(at - word));
     }
 }
@@ -114,18 +115,23 @@ std::vector<std::string_view> split_words(std::string_view line)
 namespace {
 
 // Lines of pasted scripts that say something to their reader.
-bool is_remark(std::string_view line)
+bool is_remark(const std::vector<std::string_view>& words)
 {
-    std::string_view text = trimmed(line);
-    return text.starts_with('!') || text.starts_with('#');
+    return !words.empty() && (words.front()[0] == '!' || words.front()[0] == '#');
 }
 
-// Finds the command that the line means, or says why there is none.
-MatchStatus match_line(Session& session, std::string_view line, std::string_view command)
+// The line without blanks around it.
+std::string_view from_first_to_last(const std::vector<std::string_view>& words)
 {
-    const Node* node = find_node(session.node);
-    std::vector<std::string_view>& words = session.words;
-    split_words(command, &words);
+    if (words.empty()) return {};
+    const char* end = words.back().data() + words.back().size();
+    return {words.front().data(), static_cast<std::size_t>(end - words.front().data())};
+}
+
+// Finds the command that the words of the line mean in the session's node, or says why there is none.
+MatchStatus match_line(Session& session, const Node* node, std::string_view line)
+{
+    const std::vector<std::string_view>& words = session.words;
     Match& match = session.match;
     if (words.empty()) {
         match.status = MatchStatus::Empty;
@@ -164,9 +170,9 @@ Outcome run_match(Session& session)
     return {MatchStatus::Matched, result, match.element, session.watch.end()};
 }
 
-Outcome run_command(Session& session, std::string_view line)
+Outcome run_command(Session& session, const Node* node, std::string_view line)
 {
-    MatchStatus status = match_line(session, line, line);
+    MatchStatus status = match_line(session, node, line);
     return status == MatchStatus::Matched ? run_match(session) : Outcome{status};
 }
 
@@ -179,7 +185,7 @@ void start_saving(Session& session, SaveRequest&& request)
 }
 
 // A line with filters. A wrong one keeps the command from running.
-Outcome run_filtered(Session& session, std::string_view line)
+Outcome run_filtered(Session& session, const Node* node, std::string_view line)
 {
     FilteredLine typed = split_filters(line);
     std::string_view fault;
@@ -201,7 +207,8 @@ Outcome run_filtered(Session& session, std::string_view line)
     }
     if (chain->wishes.no_more) session.pager.off();
     if (chain->wishes.takes_errors) session.filters = std::move(chain);
-    Outcome outcome{match_line(session, line, typed.command)};
+    split_words(typed.command, &session.words);
+    Outcome outcome{match_line(session, node, line)};
     if (chain) session.filters = std::move(chain);
     bool matched = outcome.status == MatchStatus::Matched;
     if (matched) outcome = run_match(session);
@@ -219,17 +226,17 @@ Outcome run_line(Session& session, std::string_view line)
         print(session, LINE_TOO_LONG, LINE_LIMIT, newline(session));
         return {MatchStatus::Unknown};
     }
-    const NodeRules& rules = rules_of(session.node);
-    bool raw = rules.raw_line != nullptr;
-    if (!raw && is_remark(line)) return {MatchStatus::Empty};
+    const Node* node = find_node(session.node);
+    bool raw = node != nullptr && node->rules.raw_line != nullptr;
     split_words(line, &session.words);
+    if (!raw && is_remark(session.words)) return {MatchStatus::Empty};
     std::string hidden;
-    std::string_view shown = trimmed(without_secrets(session, line, session.words, &hidden));
+    std::string_view shown = without_secrets(session, from_first_to_last(session.words), session.words, &hidden);
     session.editor.remember(shown);
     Account account(session, shown);
-    Outcome outcome = raw                                        ? run_raw(session, rules, line)
-                      : line.find('|') == std::string_view::npos ? run_command(session, line)
-                                                                 : run_filtered(session, line);
+    Outcome outcome = raw                                        ? run_raw(session, node->rules, line)
+                      : line.find('|') == std::string_view::npos ? run_command(session, node, line)
+                                                                 : run_filtered(session, node, line);
     account.settle(outcome);
     return outcome;
 }

@@ -13,6 +13,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <string>
 #include <string_view>
 
@@ -99,15 +100,40 @@ const Grammar* grammar_of(cmd_element* element, Origin origin, std::string* erro
 // Whether a keyword is a number or a MAC address: the beginning of one is another value, not a short spelling of it.
 bool is_only_typed_in_full(std::string_view form);
 
+// Words are short: looking at them here costs less than a call.
+inline bool same_text(std::string_view a, std::string_view b)
+{
+    if (a.size() != b.size()) return false;
+    std::size_t at = 0;
+    for (std::uint32_t part_a, part_b; at + sizeof part_a <= a.size(); at += sizeof part_a) {
+        std::memcpy(&part_a, a.data() + at, sizeof part_a);
+        std::memcpy(&part_b, b.data() + at, sizeof part_b);
+        if (part_a != part_b) return false;
+    }
+    for (; at < a.size(); at++)
+        if (a[at] != b[at]) return false;
+    return true;
+}
+
 inline Fit keyword_fit(std::string_view form, std::string_view word)
 {
-    if (word.empty() || !form.starts_with(word)) return Fit::None;
+    if (word.empty() || !same_text(form.substr(0, word.size()), word)) return Fit::None;
     if (form.size() == word.size()) return Fit::ExactKeyword;
     return is_only_typed_in_full(form) ? Fit::None : Fit::KeywordPrefix;
 }
 
-// The same for variables, ranges and addresses.
-Fit value_fit(WordKind kind, std::string_view form, std::string_view word);
+// Whether the word is a number within the range.
+bool in_decimal_range(std::string_view form, std::string_view word);
+
+// How a typed word fits a variable, an address or a hexadecimal range.
+Fit text_fit(WordKind kind, std::string_view form, std::string_view word);
+
+// The same as for keywords for variables, ranges and addresses.
+inline Fit value_fit(WordKind kind, std::string_view form, std::string_view word)
+{
+    if (kind != WordKind::Decimal) return text_fit(kind, form, word);
+    return in_decimal_range(form, word) ? Fit::Value : Fit::None;
+}
 
 // How a typed word fits a token. An empty word and one that holds a NUL fit nothing.
 inline Fit fit_of(WordKind kind, std::string_view form, std::string_view word)

@@ -31,14 +31,14 @@ unsigned digit_value(char c)
 }
 
 // One or more digits of the base and nothing else.
-bool read_digits(std::string_view digits, unsigned base, std::uint64_t* value)
+inline bool read_digits(std::string_view digits, unsigned base, std::uint64_t* value)
 {
     if (digits.empty()) return false;
     std::uint64_t result = 0;
     if (base == 10 && digits.size() < DECIMAL_DIGITS) {
         for (char c : digits) {
             if (!is_digit(c)) return false;
-            result = result * 10 + digit_value(c);
+            result = result * 10 + static_cast<unsigned>(c - '0');
         }
         *value = result;
         return true;
@@ -61,35 +61,45 @@ bool has_hex_mark(std::string_view text)
     return text.size() >= 2 && text[0] == '0' && text[1] == 'x';
 }
 
-// The bounds of a range that read_bounds has accepted once.
-Bounds known_bounds(WordKind kind, std::string_view form)
+// A bound of a range that read_bounds has accepted once; *at is then behind the character that ends it.
+std::int64_t known_decimal(const char** at)
 {
-    std::size_t at = 1;
-    auto bound = [&] {
-        bool negative = form[at] == '-';
-        bool hexadecimal = kind == WordKind::Hexadecimal && form[at + 1] == 'x';
-        at += negative ? 1 : hexadecimal ? 2 : 0;
-        std::int64_t value = 0;
-        for (; form[at] != '-' && form[at] != '>'; at++)
-            value = value * (hexadecimal ? 16 : 10) + digit_value(form[at]);
-        at++;
-        return negative ? -value : value;
-    };
-    std::int64_t min = bound();
-    return {min, bound(), kind == WordKind::Hexadecimal};
+    const char* digit = *at;
+    bool negative = *digit == '-';
+    if (negative) digit++;
+    std::int64_t value = 0;
+    for (; is_digit(*digit); digit++)
+        value = value * 10 + (*digit - '0');
+    *at = digit + 1;
+    return negative ? -value : value;
 }
 
-bool in_range(WordKind kind, std::string_view form, std::string_view word)
+std::int64_t known_hexadecimal(const char** at)
 {
-    Bounds bounds = known_bounds(kind, form);
+    if ((*at)[1] != 'x') return known_decimal(at);
+    std::int64_t value = 0;
+    const char* digit = *at + 2;
+    for (; is_hex_digit(*digit); digit++)
+        value = value * 16 + digit_value(*digit);
+    *at = digit + 1;
+    return value;
+}
+
+Bounds known_bounds(WordKind kind, std::string_view form)
+{
+    const char* at = form.data() + 1;
+    auto bound = kind == WordKind::Hexadecimal ? known_hexadecimal : known_decimal;
+    std::int64_t min = bound(&at);
+    return {min, bound(&at), kind == WordKind::Hexadecimal};
+}
+
+bool in_hexadecimal_range(std::string_view form, std::string_view word)
+{
+    Bounds bounds = known_bounds(WordKind::Hexadecimal, form);
+    bool marked = has_hex_mark(word);
     std::uint64_t magnitude;
-    if (kind == WordKind::Hexadecimal && has_hex_mark(word)) {
-        if (!read_digits(word.substr(2), 16, &magnitude)) return false;
-        return static_cast<std::int64_t>(magnitude) >= bounds.min && static_cast<std::int64_t>(magnitude) <= bounds.max;
-    }
-    bool negative = bounds.min < 0 && is_negative(word);
-    if (!read_digits(word.substr(negative ? 1 : 0), 10, &magnitude)) return false;
-    std::int64_t value = negative ? -static_cast<std::int64_t>(magnitude) : static_cast<std::int64_t>(magnitude);
+    if (!read_digits(word.substr(marked ? 2 : 0), marked ? 16 : 10, &magnitude)) return false;
+    auto value = static_cast<std::int64_t>(magnitude);
     return value >= bounds.min && value <= bounds.max;
 }
 
@@ -209,17 +219,31 @@ bool is_only_typed_in_full(std::string_view form)
     return form.size() == MAC_LENGTH && form[2] == '-' && form.find_first_not_of(MAC_CHARACTERS) == form.npos;
 }
 
-Fit value_fit(WordKind kind, std::string_view form, std::string_view word)
+bool in_decimal_range(std::string_view form, std::string_view word)
+{
+    const char* at = form.data() + 1;
+    std::int64_t min = known_decimal(&at);
+    std::int64_t max = known_decimal(&at);
+    bool negative = min < 0 && is_negative(word);
+    if (negative) word.remove_prefix(1);
+    std::uint64_t magnitude = 0;
+    if (!read_digits(word, 10, &magnitude)) return false;
+    auto value = static_cast<std::int64_t>(magnitude);
+    if (negative) value = -value;
+    return value >= min && value <= max;
+}
+
+Fit text_fit(WordKind kind, std::string_view form, std::string_view word)
 {
     if (word.empty()) return Fit::None;
     switch (kind) {
     case WordKind::Keyword:
+    case WordKind::Decimal:
         break;
     case WordKind::Variable:
         return has_nul(word) ? Fit::None : Fit::Variable;
-    case WordKind::Decimal:
     case WordKind::Hexadecimal:
-        return fit_when(in_range(kind, form, word));
+        return fit_when(in_hexadecimal_range(form, word));
     case WordKind::Ipv4:
         return fit_when(is_ipv4(word, true));
     case WordKind::HexGroups4:

@@ -2,15 +2,23 @@
 #include "host/engine/history.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace engine {
 
 void History::add(std::string_view line)
 {
     if (line.empty() || line.size() > HISTORY_BYTES || (!kept.empty() && kept.back() == line)) return;
-    kept.emplace_back(line);
+    if (kept.size() < HISTORY_LINES) {
+        kept.emplace_back(line);
+    } else { // in the memory of the oldest one
+        bytes -= kept.front().size();
+        std::string text = std::move(kept.front());
+        kept.pop_front();
+        kept.push_back(std::move(text.assign(line)));
+    }
     bytes += line.size();
-    while (kept.size() > HISTORY_LINES || bytes > HISTORY_BYTES) {
+    while (bytes > HISTORY_BYTES) {
         bytes -= kept.front().size();
         kept.pop_front();
     }

@@ -326,7 +326,7 @@ Outcome execute(vty* handle, std::string_view line)
         session.saving->wait();
         finish_saving(session);
     }
-    append_output(session, take_event_lines(session));
+    if (session.has_events.load(std::memory_order_relaxed)) append_output(session, take_event_lines(session));
     if (session.closing) {
         retire(session);
         session.phase = Phase::Closed;
