@@ -2,12 +2,11 @@
 #include "host/sdk_sim/firmware_console.h"
 
 #include <algorithm>
-#include <cstdarg>
-#include <cstdio>
 #include <cstdlib>
 
 #include "host/sdk_sim/events.h"
 #include "host/sdk_sim/gate.h"
+#include "host/sdk_sim/printed_line.h"
 #include "host/sdk_sim/text_number.h"
 
 namespace sdk_sim {
@@ -19,38 +18,27 @@ constexpr std::size_t COMMAND_LIMIT = 1024;
 using Words = std::vector<std::string_view>;
 using Lines = std::vector<std::string>;
 
-std::string print_text(const char* format, ...) EPON_PRINTF(1, 2);
-std::string print_text(const char* format, ...)
-{
-    char text[160];
-    va_list arguments;
-    va_start(arguments, format);
-    std::vsnprintf(text, sizeof(text), format, arguments);
-    va_end(arguments);
-    return text;
-}
-
 Lines help(const Network&, Olt&, const Words&);
 
 Lines version(const Network&, Olt& olt, const Words&)
 {
     const auto& number = olt.device.firmware_version.number;
-    return {
-        print_text("%.31s firmware %u.%u.%u.%u", olt.device.name.c_str(), number[0], number[1], number[2], number[3])};
+    return {printed_line("%.31s firmware %u.%u.%u.%u", olt.device.name.c_str(), number[0], number[1], number[2],
+                         number[3])};
 }
 
 Lines uptime(const Network& network, Olt& olt, const Words&)
 {
     const Milliseconds seconds = (network.now - olt.started_at) / 1000;
-    return {print_text("up %llu days %02u:%02u:%02u", static_cast<unsigned long long>(seconds / 86400),
-                       static_cast<unsigned>(seconds / 3600 % 24), static_cast<unsigned>(seconds / 60 % 60),
-                       static_cast<unsigned>(seconds % 60))};
+    return {printed_line("up %llu days %02u:%02u:%02u", static_cast<unsigned long long>(seconds / 86400),
+                         static_cast<unsigned>(seconds / 3600 % 24), static_cast<unsigned>(seconds / 60 % 60),
+                         static_cast<unsigned>(seconds % 60))};
 }
 
 Lines temperature(const Network&, Olt& olt, const Words&)
 {
     const std::int32_t tenths = olt.firmware_console.temperature;
-    return {print_text("%s%d.%d C", tenths < 0 ? "-" : "", std::abs(tenths) / 10, std::abs(tenths) % 10)};
+    return {printed_line("%s%d.%d C", tenths < 0 ? "-" : "", std::abs(tenths) / 10, std::abs(tenths) % 10)};
 }
 
 // "registers", "registers ADDRESS", "registers ADDRESS VALUE"
@@ -60,7 +48,7 @@ Lines registers(const Network&, Olt& olt, const Words& words)
     Lines lines;
     if (words.size() == 1) {
         for (const auto& [address, value] : values)
-            lines.push_back(print_text("0x%08x: 0x%08x", address, value));
+            lines.push_back(printed_line("0x%08x: 0x%08x", address, value));
         return lines;
     }
     std::uint32_t address = 0;
@@ -68,9 +56,9 @@ Lines registers(const Network&, Olt& olt, const Words& words)
     if (words.size() > 3 || !read_number(words[1], &address) || (words.size() == 3 && !read_number(words[2], &value)))
         return {"usage: registers [address [value]]"};
     const auto found = values.find(address);
-    if (found == values.end()) return {print_text("no register at 0x%08x", address)};
+    if (found == values.end()) return {printed_line("no register at 0x%08x", address)};
     if (words.size() == 3) found->second = value;
-    return {print_text("0x%08x: 0x%08x", address, found->second)};
+    return {printed_line("0x%08x: 0x%08x", address, found->second)};
 }
 
 Lines onus(const Network&, Olt& olt, const Words&)
@@ -78,12 +66,12 @@ Lines onus(const Network&, Olt& olt, const Words&)
     Lines lines;
     for (const auto& [id, onu] : olt.onus) {
         if (!counts_as_registered(onu)) continue;
-        std::string line = print_text("onu %3d  ", id);
+        std::string line = printed_line("onu %3d  ", id);
         append_mac(&line, onu.mac.data());
-        line += print_text("  rtt %u%s", onu.rtt, onu.mode == ONU_MODE_REGISTERED ? "" : "  unauthorized");
+        line += printed_line("  rtt %u%s", onu.rtt, onu.mode == ONU_MODE_REGISTERED ? "" : "  unauthorized");
         lines.push_back(line);
     }
-    lines.push_back(print_text("%u registered", count_registered(olt)));
+    lines.push_back(printed_line("%u registered", count_registered(olt)));
     return lines;
 }
 
@@ -113,7 +101,7 @@ Lines help(const Network&, Olt&, const Words&)
 {
     Lines lines;
     for (const FirmwareCommand& command : commands)
-        lines.push_back(print_text("%-12s %s", command.name.data(), command.help));
+        lines.push_back(printed_line("%-12s %s", command.name.data(), command.help));
     return lines;
 }
 
@@ -144,7 +132,7 @@ const Operation send_cli_command("NEP_send_cli_command", GENERAL);
 std::vector<std::string> run_firmware_command(const Network& network, Olt& olt, std::string_view line)
 {
     const Words words = split_words(line);
-    if (words.empty()) return {print_text("fw%d> ", olt.id)};
+    if (words.empty()) return {printed_line("fw%d> ", olt.id)};
     for (const FirmwareCommand& command : commands)
         if (words[0] == command.name) return command.run(network, olt, words);
     return {"unknown command, try help"};

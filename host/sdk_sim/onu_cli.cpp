@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 // The command line of the ONUs themselves.
 #include <algorithm>
-#include <cstdarg>
-#include <cstdio>
 #include <string_view>
 
 #include <epon/sdk/onu_cli.h>
 
 #include "host/sdk_sim/events.h"
 #include "host/sdk_sim/link_operation.h"
+#include "host/sdk_sim/printed_line.h"
 
 namespace sdk_sim {
 
@@ -21,39 +20,29 @@ constexpr int TEXT_SHOWN = 64;
 
 using Lines = std::vector<std::string>;
 
-std::string print_text(const char* format, ...) EPON_PRINTF(1, 2);
-std::string print_text(const char* format, ...)
-{
-    char text[160];
-    va_list arguments;
-    va_start(arguments, format);
-    std::vsnprintf(text, sizeof(text), format, arguments);
-    va_end(arguments);
-    return text;
-}
-
 Lines help(const Onu&);
 
 Lines version(const Onu& onu)
 {
     if (onu.image.size == 0) return {"factory image"};
-    return {print_text("loaded image, %u octets, checksum 0x%08x", onu.image.size, onu.image.checksum)};
+    return {printed_line("loaded image, %u octets, checksum 0x%08x", onu.image.size, onu.image.checksum)};
 }
 
 Lines identity(const Onu& onu)
 {
     std::string mac = "mac     ";
     append_mac(&mac, onu.mac.data());
-    return {mac, print_text("name    %.*s", TEXT_SHOWN, onu.name.c_str()),
-            print_text("serial  %.*s", TEXT_SHOWN, onu.serial_number.c_str())};
+    return {mac, printed_line("name    %.*s", TEXT_SHOWN, onu.name.c_str()),
+            printed_line("serial  %.*s", TEXT_SHOWN, onu.serial_number.c_str())};
 }
 
 Lines link(const Onu& onu)
 {
     const char* fec[] = {"off", "downlink", "uplink and downlink"};
-    return {print_text("%s, rtt %u", onu.mode == ONU_MODE_REGISTERED ? "authorized" : "not authorized", onu.rtt),
-            print_text("oam %s, %u frames received", oam_is_up(onu) ? "up" : "down", onu.configuration.oam_frames.sent),
-            print_text("fec %s", fec[fec_mode(onu)])};
+    return {
+        printed_line("%s, rtt %u", onu.mode == ONU_MODE_REGISTERED ? "authorized" : "not authorized", onu.rtt),
+        printed_line("oam %s, %u frames received", oam_is_up(onu) ? "up" : "down", onu.configuration.oam_frames.sent),
+        printed_line("fec %s", fec[fec_mode(onu)])};
 }
 
 Lines loopback(const Onu& onu)
@@ -77,7 +66,7 @@ Lines help(const Onu&)
 {
     Lines lines;
     for (const OnuCommand& command : commands)
-        lines.push_back(print_text("%-10s %s", command.name, command.help));
+        lines.push_back(printed_line("%-10s %s", command.name, command.help));
     return lines;
 }
 
@@ -86,7 +75,7 @@ Lines run(const Onu& onu, std::string_view line)
     constexpr std::string_view BLANKS = " \t\r";
     line.remove_prefix(std::min(line.size(), line.find_first_not_of(BLANKS)));
     line = line.substr(0, line.find_last_not_of(BLANKS) + 1);
-    if (line.empty()) return {print_text("onu%d> ", onu.id)};
+    if (line.empty()) return {printed_line("onu%d> ", onu.id)};
     for (const OnuCommand& command : commands)
         if (line == command.name) return command.run(onu);
     return {"unknown command, try help"};
