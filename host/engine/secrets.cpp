@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 #include <vector>
 
 #include "host/engine/nodes.h"
@@ -25,12 +26,35 @@ Words& secret_words()
     return all;
 }
 
+// Letters to change, to add or to take away that make a slip of the finger; two neighbours in the wrong order are two.
+constexpr std::size_t SLIP = 2;
+
+// Whether one word becomes the other by a slip behind its first letter.
+bool resembles(std::string_view typed, std::string_view word)
+{
+    if (typed[0] != word[0] || typed.size() > word.size() + SLIP || word.size() > typed.size() + SLIP) return false;
+    std::array<std::size_t, 32> row; // changes from what was typed so far to each beginning of the word
+    if (word.size() >= row.size()) return false;
+    for (std::size_t i = 0; i <= word.size(); ++i)
+        row[i] = i;
+    for (std::size_t at = 0; at < typed.size(); ++at) {
+        std::size_t above_left = std::exchange(row[0], at + 1);
+        for (std::size_t i = 1; i <= word.size(); ++i) {
+            std::size_t change = above_left + (typed[at] == word[i - 1] ? 0 : 1);
+            above_left = row[i];
+            row[i] = std::min({change, row[i] + 1, row[i - 1] + 1});
+        }
+    }
+    return row[word.size()] <= SLIP;
+}
+
 // Whether the word at the given place of the line can stand for the secret word.
 bool means(const Session& session, std::span<const std::string_view> words, std::size_t at, std::string_view secret)
 {
     std::string_view typed = words[at];
-    if (!secret.starts_with(typed)) return false;
     if (typed == secret) return true;
+    bool begins = secret.starts_with(typed);
+    if (!begins && !resembles(typed, secret)) return false;
     const Node* node = find_node(session.node);
     if (node == nullptr || node->rules.raw_line != nullptr) return typed.size() >= TELLING_LENGTH;
     auto candidates = node->commands.candidates(words.first(at), typed);
