@@ -14,6 +14,7 @@ namespace engine {
 namespace {
 
 constexpr std::size_t CANDIDATES_SHOWN = 20;
+constexpr std::size_t WORDS_KEPT = 1024; // room that a session keeps for the words of its next line
 
 // The words that leave a node whose lines go to the host, spelt in full.
 struct LeaveWord {
@@ -238,6 +239,7 @@ Outcome run_line(Session& session, std::string_view line)
                       : line.find('|') == std::string_view::npos ? run_command(session, node, line)
                                                                  : run_filtered(session, node, line);
     account.settle(outcome);
+    if (session.words.capacity() > WORDS_KEPT) std::vector<std::string_view>().swap(session.words);
     return outcome;
 }
 

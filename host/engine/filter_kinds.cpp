@@ -72,11 +72,11 @@ class Sectioning : public Filter {
     explicit Sectioning(Pattern matched) : pattern(std::move(matched)) {}
     void take(const AnswerLine& line) override
     {
-        if (held + line.text.size() > FILTER_HOLD) {
+        if (held + line.text.size() + sizeof(Held) > FILTER_HOLD) {
             ++left_out;
             return;
         }
-        held += line.text.size() + 1;
+        held += line.text.size() + sizeof(Held);
         lines.push_back({std::string(line.text), line.failure});
     }
     void end(int result) override

@@ -7,6 +7,7 @@
 #include <nlohmann/json.hpp>
 
 #include "host/engine/failure_lines.h"
+#include "host/engine/large_text.h"
 #include "host/engine/session.h"
 
 namespace engine {
@@ -14,15 +15,29 @@ namespace {
 
 constexpr std::string_view REQUEST = "#!machine ";
 constexpr int VERSION = 1;
+// What an answer takes beside its output, about.
+constexpr std::size_t ANSWER_FRAME = 1024;
 
 // Members keep their order: what a reader wants first comes first.
 using Json = nlohmann::ordered_json;
 
 // Nothing but printable ASCII leaves; bytes that are no UTF-8 become U+FFFD.
+std::string as_text(const Json& json)
+{
+    return json.dump(-1, ' ', true, Json::error_handler_t::replace);
+}
+
 void send_json(Session& session, const Json& json)
 {
-    session.out += json.dump(-1, ' ', true, Json::error_handler_t::replace);
-    session.out += '\n';
+    append_to_large(as_text(json) + '\n', &session.out);
+}
+
+// What a byte of an output takes in JSON at most. Bytes of UTF-8 are counted as if none belonged to another.
+std::size_t weight_of(char byte)
+{
+    constexpr std::size_t ESCAPED = 2, NUMBERED = 6; // \n, \u001b
+    if (byte == '"' || byte == '\\' || (byte >= '\b' && byte <= '\r' && byte != '\v')) return ESCAPED;
+    return byte >= ' ' && byte < 0x7f ? 1 : NUMBERED;
 }
 
 // Calls visit(line) for each line, without its end.
@@ -53,26 +68,41 @@ bool succeeded(const MachineMode& machine)
            !tells_failure(machine.output);
 }
 
-// The lines with "\n" for their ends.
-std::string plain_lines(std::string_view output)
+// The lines, with "\n" for their ends, as a member: line by line, since an answer may be large.
+void send_output_member(Session& session, std::string_view output)
 {
-    std::string text;
+    session.out += ",\"output\":\"";
+    const char* line_end = "";
     for_each_line(output, [&](std::string_view line) {
-        text += line;
-        text += '\n';
+        session.out += line_end;
+        if (std::all_of(line.begin(), line.end(), [](char byte) { return weight_of(byte) == 1; })) {
+            session.out += line;
+        } else {
+            std::string text = as_text(line);
+            session.out.append(text, 1, text.size() - 2);
+        }
+        line_end = "\\n";
     });
-    if (!output.empty() && output.back() != '\n') text.pop_back();
-    return text;
+    session.out.append(output.ends_with('\n') ? line_end : "").append("\"");
 }
 
-void add_answer(MachineMode& machine, Json* json)
+// The members of an answer that come before its output, and those behind it.
+void send_answer_members(Session& session, Json front, const Json& back)
 {
-    if (machine.owes_answer) (*json)["request"] = machine.requests;
-    (*json)["ok"] = succeeded(machine);
-    if (machine.outcome.status == MatchStatus::Matched) (*json)["result"] = machine.outcome.result;
-    (*json)["output"] = plain_lines(machine.output);
-    if (machine.truncated) (*json)["truncated"] = true;
+    MachineMode& machine = *session.machine;
+    if (machine.owes_answer) front["request"] = machine.requests;
+    front["ok"] = succeeded(machine);
+    if (machine.outcome.status == MatchStatus::Matched) front["result"] = machine.outcome.result;
+    std::string text = as_text(front);
+    make_room_for(machine.weight + ANSWER_FRAME, &session.out);
+    session.out.append(text, 0, text.size() - 1);
+    send_output_member(session, machine.output);
+    if (machine.truncated) session.out += ",\"truncated\":true";
+    text = as_text(back);
+    if (!back.empty()) session.out.append(",").append(text, 1, text.size() - 2);
+    session.out += "}\n";
     std::string().swap(machine.output);
+    machine.weight = 0;
     machine.truncated = machine.owes_answer = false;
     machine.outcome = {MatchStatus::Empty};
 }
@@ -104,25 +134,31 @@ FirstLine take_first_line(Session& session)
 
 void keep_output(MachineMode& machine, std::string_view text)
 {
-    std::size_t room = ANSWER_LIMIT - machine.output.size();
-    machine.output += text.substr(0, room);
-    if (text.size() <= room) return;
-    machine.truncated = true;
+    std::size_t taken = 0;
+    for (; taken < text.size() && !machine.truncated; ++taken) {
+        std::size_t weight = weight_of(text[taken]);
+        machine.truncated = machine.weight + weight > ANSWER_LIMIT;
+        if (machine.truncated) break;
+        machine.weight += weight;
+    }
+    append_to_large(text.substr(0, taken), &machine.output);
 }
 
 void send_answer(Session& session, std::string_view prompt)
 {
     MachineMode& machine = *session.machine;
-    Json json;
-    if (!machine.nonce.empty()) {
-        json["machine"] = VERSION;
-        json["nonce"] = std::exchange(machine.nonce, {});
-    } else {
-        add_answer(machine, &json);
+    Json place;
+    place["prompt"] = prompt;
+    place["node"] = session.node;
+    if (session.editor.hides()) place["secret"] = true;
+    if (machine.nonce.empty()) {
+        send_answer_members(session, Json::object(), place);
+        return;
     }
-    json["prompt"] = prompt;
-    json["node"] = session.node;
-    if (session.editor.hides()) json["secret"] = true;
+    Json json;
+    json["machine"] = VERSION;
+    json["nonce"] = std::exchange(machine.nonce, {});
+    json.update(place);
     send_json(session, json);
 }
 
@@ -137,10 +173,7 @@ void send_events(Session& session, std::string_view lines)
 
 void send_closing(Session& session)
 {
-    Json json;
-    json["closed"] = true;
-    add_answer(*session.machine, &json);
-    send_json(session, json);
+    send_answer_members(session, Json{{"closed", true}}, Json::object());
 }
 
 } // namespace engine

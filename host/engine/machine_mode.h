@@ -17,13 +17,14 @@ struct Session;
 
 // Longest nonce, in bytes.
 constexpr std::size_t NONCE_LIMIT = 64;
-// What one answer holds at most. The rest of a longer output is lost, and the answer says so. In JSON a byte takes six
-// at worst, so that an answer never keeps more than twelve times a MiB.
+// What the output in one answer takes at most, as it stands there: in JSON a byte may take six. The rest of a longer
+// one is lost, and the answer says so.
 constexpr std::size_t ANSWER_LIMIT = 2 * 1024 * 1024;
 
 struct MachineMode {
-    std::string nonce;  // until it was told
-    std::string output; // printed since the last answer
+    std::string nonce;      // until it was told
+    std::string output;     // printed since the last answer
+    std::size_t weight = 0; // what it takes in JSON, at most
     bool truncated = false;
     std::uint64_t requests = 0;          // lines that were taken
     bool owes_answer = false;            // to the last of them

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "host/engine/large_text.h"
 #include "host/engine/line_editor.h"
 
 namespace engine {
@@ -66,7 +67,7 @@ void Pager::print(std::string_view text, std::string* screen)
         left_out += static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'));
         return;
     }
-    held += text;
+    append_to_large(text, &held);
 }
 
 void Pager::end(std::string* screen)

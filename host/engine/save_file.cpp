@@ -15,6 +15,7 @@
 #include <unistd.h>
 
 #include "host/engine/filter_kinds.h"
+#include "host/engine/large_text.h"
 
 namespace engine {
 namespace {
@@ -73,6 +74,7 @@ class Saving : public Filter {
             ++left_out;
             return;
         }
+        make_room_for(line.text.size() + 1, &wish->text);
         wish->text.append(line.text).append("\n");
         ++wish->lines;
     }

@@ -176,12 +176,26 @@ void free_session(Session& session)
     session.in_at = session.out_sent = 0;
     session.editor.reset();
     session.match = Match{};
+    std::vector<std::string_view>().swap(session.words);
     session.pager.begin(0, 0);
     session.saving.reset();
     session.phase = Phase::Free;
     std::lock_guard guard(pool().lock);
     pool().free.push_back(&session);
 }
+
+namespace {
+
+// In front of an addition: what was sent already makes room before the buffer grows.
+void reserve_output(Session& session, std::string_view text)
+{
+    if (session.out.size() + 2 * text.size() <= session.out.capacity()) return; // even if every byte is doubled
+    session.out.erase(0, session.out_sent);
+    session.out_sent = 0;
+    make_room_for(telnet_text_size(text), &session.out);
+}
+
+} // namespace
 
 bool append_output(Session& session, std::string_view text)
 {
@@ -194,6 +208,7 @@ bool append_output(Session& session, std::string_view text)
         keep_output(*session.machine, text);
         return true;
     }
+    reserve_output(session, text);
     append_telnet_text(text, &session.out);
     if (executing == &session && unsent(session) >= SEND_EARLY) send_output(session);
     if (unsent(session) > OUTPUT_LIMIT) cut_off(session, "it left too much output unread");

@@ -21,6 +21,7 @@
 #include "host/engine/event_buffer.h"
 #include "host/engine/failure_lines.h"
 #include "host/engine/filter.h"
+#include "host/engine/large_text.h"
 #include "host/engine/line_editor.h"
 #include "host/engine/machine_mode.h"
 #include "host/engine/pager.h"
@@ -37,10 +38,10 @@ constexpr unsigned SESSION_LIMIT = 64;
 constexpr std::size_t OUTPUT_LIMIT = 4 * 1024 * 1024;
 // Event lines wait in their own buffer while that much other output is unread.
 constexpr std::size_t EVENT_HOLD = 64 * 1024;
-// What one session may take of the memory at most: output that nobody reads, in a buffer that grew by doubling, and
-// what a program in machine mode asked for. One whose client reads takes the usual amount.
-constexpr std::size_t SESSION_MEMORY_LIMIT = 32 * 1024 * 1024;
+// What one session holds of the memory at most: output that its client leaves unread, an answer that waits for a key or
+// for its file, and the usual amount, with which a session gets by whose client reads.
 constexpr std::size_t SESSION_MEMORY_USUAL = 512 * 1024;
+constexpr std::size_t SESSION_MEMORY_LIMIT = OUTPUT_LIMIT + PAGER_HOLD + 2 * GROWTH_STEP + SESSION_MEMORY_USUAL;
 // How long a closed session waits for its client to take the rest of the output.
 constexpr std::chrono::seconds DRAIN_TIME{10};
 

@@ -35,6 +35,7 @@ char editing_key(unsigned char command)
     }
 }
 
+constexpr char COMMAND_BYTE = static_cast<char>(TELNET_IAC);
 constexpr std::size_t SLICE = 512; // how exactly the length of an unfinished subnegotiation is known
 // Sizes outside of these are no sizes: clients that do not know theirs send zeros.
 constexpr unsigned NARROWEST = 4, LOWEST = 2, LARGEST = 1000;
@@ -123,12 +124,16 @@ void Telnet::window_size(std::string_view data)
     rows = window_side(data.substr(2), LOWEST);
 }
 
+std::size_t telnet_text_size(std::string_view text)
+{
+    return text.size() + static_cast<std::size_t>(std::count(text.begin(), text.end(), COMMAND_BYTE));
+}
+
 void append_telnet_text(std::string_view text, std::string* out)
 {
-    constexpr char iac = static_cast<char>(TELNET_IAC);
-    for (std::size_t end; (end = text.find(iac)) != std::string_view::npos; text.remove_prefix(end + 1)) {
+    for (std::size_t end; (end = text.find(COMMAND_BYTE)) != std::string_view::npos; text.remove_prefix(end + 1)) {
         out->append(text.substr(0, end + 1));
-        *out += iac;
+        *out += COMMAND_BYTE;
     }
     out->append(text);
 }

@@ -57,5 +57,6 @@ class Telnet {
 
 // Doubles the bytes of a text that telnet would take for commands; appends to *out.
 void append_telnet_text(std::string_view text, std::string* out);
+std::size_t telnet_text_size(std::string_view text);
 
 } // namespace engine

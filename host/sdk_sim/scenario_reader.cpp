@@ -45,9 +45,29 @@ std::string print_real(double value)
     return digits;
 }
 
+// What the file holds in the place of a word may be anything; the error is one line of text that a terminal takes well.
+std::string in_one_line(std::string_view text)
+{
+    std::string line;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        auto byte = static_cast<unsigned char>(text[i]);
+        auto next = static_cast<unsigned char>(i + 1 < text.size() ? text[i + 1] : 0);
+        bool second_set = byte == 0xc2 && next >= 0x80 && next < 0xa0; // U+0080 to U+009F
+        char code[8] = "\\n";
+        if (byte != '\n') snprintf(code, sizeof code, "\\u%04x", second_set ? next : byte);
+        if (byte >= ' ' && byte != 0x7f && !second_set)
+            line += text[i];
+        else
+            line += code;
+        if (second_set) ++i;
+    }
+    return line;
+}
+
 void note(ScenarioErrors* errors, const toml::source_region& source, const std::string& text)
 {
-    if (errors->first.empty()) errors->first = errors->file + ':' + std::to_string(source.begin.line) + ": " + text;
+    if (errors->first.empty())
+        errors->first = errors->file + ':' + std::to_string(source.begin.line) + ": " + in_one_line(text);
 }
 
 // A string as it is, or the octets of an array. False when it is neither.

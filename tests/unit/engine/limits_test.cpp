@@ -1,16 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 // What ends a session that should not go on: time, number, memory, descriptors.
 #include <algorithm>
-#include <atomic>
 #include <chrono>
-#include <fstream>
 #include <memory>
 #include <thread>
-#include <vector>
 
 #include <fcntl.h>
 #include <grp.h>
-#include <malloc.h>
 #include <sys/resource.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
@@ -19,9 +15,7 @@
 #include <unistd.h>
 
 #include "engine/engine_fixture.h"
-#include "engine/load_scale.h"
 #include "engine/passwords.h"
-#include "host/engine/session.h"
 
 using namespace std::chrono_literals;
 
@@ -286,88 +280,4 @@ TEST(LocalSocket, IsForRootTheHostsUserAndTheGroup)
         EXPECT_EQ(status.st_mode & 0777U, 0660U);
     }
     rmdir(folder.c_str());
-}
-
-namespace {
-
-std::size_t memory_in_use()
-{
-    if (LOAD_SCALE == 1) { // the system's own allocator knows best
-        struct mallinfo2 info = mallinfo2();
-        return info.uordblks + info.hblkhd;
-    }
-    std::ifstream file("/proc/self/statm");
-    std::size_t whole = 0, resident = 0;
-    file >> whole >> resident;
-    return resident * static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
-}
-
-} // namespace
-
-// 64 operators type, four threads of the SDK raise events, nothing is lost, and memory stays within its bound.
-TEST(Load, ManyOperatorsWhileEventsRain)
-{
-    constexpr int OPERATORS = 63;
-    constexpr int LINES = 20, EVENTS = 5000 / LOAD_SCALE; // at least
-    constexpr auto EVENT_PAUSE = 400us * LOAD_SCALE;      // four threads: 10,000 a second
-    ConsoleServer server;
-    std::size_t before = memory_in_use();
-    std::atomic<bool> ends{false};
-    std::atomic<int> raised{0};
-    std::vector<std::thread> threads;
-    for (int i = 0; i < 4; ++i)
-        threads.emplace_back([&, i] {
-            auto next = std::chrono::steady_clock::now();
-            while (!ends) {
-                print_event("event of thread " + std::to_string(i));
-                ++raised;
-                next = std::max(next + EVENT_PAUSE, std::chrono::steady_clock::now()); // a slow machine raises fewer
-                std::this_thread::sleep_until(next);
-            }
-        });
-    std::vector<std::unique_ptr<Client>> operators;
-    for (int i = 0; i <= OPERATORS; ++i) {
-        operators.push_back(std::make_unique<Client>());
-        if (i < OPERATORS)
-            operators[static_cast<std::size_t>(i)]->connect_tcp(server.port());
-        else
-            operators[static_cast<std::size_t>(i)]->connect_local(server.socket_path());
-    }
-    for (auto& one : operators)
-        one->send("enable\rnotify\r");
-    for (int line = 0; line < LINES || raised < EVENTS; ++line) {
-        for (auto& one : operators)
-            one->send("say " + std::to_string(line) + "\r");
-        for (auto& one : operators)
-            one->until("say " + std::to_string(line) + ":1:" + std::to_string(line) + "\r\n");
-    }
-    ends = true;
-    for (std::thread& one : threads)
-        one.join();
-    // A sanitizer keeps what was freed.
-    EXPECT_LT(memory_in_use(), before + (64U * engine::SESSION_MEMORY_USUAL + 16U * 1024 * 1024) * LOAD_SCALE);
-}
-
-// Everybody asks for more than he reads.
-TEST(Load, MemoryOfSessionsThatReadNothingIsBounded)
-{
-    constexpr std::size_t LAZY = 16;
-    ConsoleServer server;
-    Client witness;
-    witness.connect_tcp(server.port());
-    enable(witness);
-    std::size_t before = memory_in_use();
-    std::vector<std::unique_ptr<Client>> clients;
-    for (std::size_t i = 0; i < LAZY; ++i) {
-        clients.push_back(std::make_unique<Client>());
-        clients.back()->connect_tcp(server.port());
-        clients.back()->shrink_buffers();
-        clients.back()->send("enable\rprint 75000\r" + std::string(60000, 'x'));
-        clients.back()->until("line 000000 ");
-    }
-    witness.send("say on\r");
-    witness.until("say on:1:on\r\nLAB# ");
-    std::size_t held = memory_in_use() - before;
-    EXPECT_GE(held, LOAD_SCALE == 1 ? 1024U * 1024U : 0U) << "they do hold something";
-    EXPECT_LT(held, LAZY * engine::SESSION_MEMORY_LIMIT * LOAD_SCALE);
 }

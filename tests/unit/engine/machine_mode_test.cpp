@@ -177,6 +177,43 @@ TEST_F(MachineModeTest, ATruncatedAnswerSaysSo)
     EXPECT_EQ(ask(client, "say next")["ok"], true);
 }
 
+// Whatever is printed takes no more than its share of the memory.
+TEST_F(MachineModeTest, AnAnswerIsBoundedAsItStandsInJson)
+{
+    Client client;
+    start_enabled(client);
+    for (std::string piece : {"\x01", "\n", "\r", "\xc3\xa4", "x"}) {
+        call_hook = [&piece](vty* session) {
+            std::string text;
+            while (text.size() <= engine::ANSWER_LIMIT)
+                text += piece;
+            print_to(session, "%s", text.c_str());
+        };
+        client.send("call\n");
+        std::string line = client.until("\n");
+        EXPECT_LE(line.size(), engine::ANSWER_LIMIT + 1024) << piece;
+        EXPECT_GT(line.size(), engine::ANSWER_LIMIT / 3) << piece;
+        EXPECT_EQ(Json::parse(line)["truncated"], true) << piece;
+    }
+}
+
+TEST_F(MachineModeTest, LineEndsAreLineFeeds)
+{
+    Client client;
+    start_enabled(client);
+    for (auto [printed, told] : {std::pair("", ""),
+                                 {"a", "a"},
+                                 {"a\r\n", "a\n"},
+                                 {"a\r\nb", "a\nb"},
+                                 {"a\nb\r", "a\nb"},
+                                 {"\r\n\r\n", "\n\n"},
+                                 {"\n", "\n"},
+                                 {"a\rb\n", "a\rb\n"}}) {
+        call_hook = [printed = printed](vty* session) { print_to(session, "%s", printed); };
+        EXPECT_EQ(ask(client, "call")["output"], told);
+    }
+}
+
 // A program that sends much and reads late loses nothing, and makes the console keep one answer, not all of them.
 TEST_F(MachineModeTest, ExecutesNothingMoreUntilTheAnswersAreRead)
 {

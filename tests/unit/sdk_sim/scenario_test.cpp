@@ -25,6 +25,11 @@ TEST_F(ScenarioTest, ErrorsNameTheLineAndWhatWasExpected)
     const Case cases[] = {
         {"name = 5\n", "1: name: expected a string, or an array of octets 1-255"},
         {"name = \"123456789012345678901234567890123\"\n", "1: name: expected at most 32 octets"},
+        {"\"a\\n\\u001b[2J\\u009bx\" = 1\n",
+         "1: unknown key \"a\\n\\u001b[2J\\u009bx\"; expected one of clock, ctc_stack, life, name, olt"},
+        {"a = tru\n", "1: Error while parsing boolean: expected 'true', saw 'tru\\n'"},
+        {"\xc8\x87 = 1\n", "1: Error while parsing root table: expected keys, tables, whitespace or comments, saw "
+                           "'\xc8\x87'"},
         {"\n\ncolour = 1\n", "3: unknown key \"colour\"; expected one of clock, ctc_stack, life, name, olt"},
         {"clock = 5\n", "1: clock: expected a table"},
         {"clock = { speed = -1 }\n", "1: speed: expected a number 0 to 1000"},
