@@ -76,7 +76,7 @@ void check_matched(const Commands& commands, const std::vector<std::string_view>
     require(match.argv.size() == arguments_of(*match.element), "as many arguments as the grammar");
     for (const char* argument : match.argv) {
         require(argument >= match.storage.data(), "arguments lie in the storage");
-        require(argument + std::strlen(argument) < match.storage.data() + match.storage.size(), "and end in it");
+        require(argument + std::strlen(argument) <= match.storage.data() + match.storage.size(), "and end in it");
     }
     // A short spelling never means something else than the long one.
     std::vector<std::string_view> full = split(match.line);
