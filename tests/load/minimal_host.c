@@ -105,7 +105,8 @@ void RBX_install_element(int node, cmd_element* element)
     check(element->string != NULL && element->string[0] != '\0', "an element without grammar");
     check(element->func != NULL, "an element without handler");
     check(element->doc != NULL && element->doc[0] != '\0', "an element without help");
-    check(element->daemon == 0 && element->config == NULL && element->subconfig == NULL && element->attr == 0,
+    check(element->daemon == 0 && element->attr == 0, "a hidden or deprecated element");
+    check(element->strvec == NULL && element->cmdsize == 0 && element->config == NULL && element->subconfig == NULL,
           "an element with fields that are the engine's");
     check(installed_count < RECORDED_LIMIT, "more commands than the test can record");
     if (installed_count < RECORDED_LIMIT) installed[installed_count++] = (struct installed){node, element};
@@ -323,6 +324,46 @@ static int call(void* library, const char* name)
     return function();
 }
 
+// Id, prompt and vtysh flag of each node; the prompts of ONU, LLID, ONU-PON and UNI nodes are left open.
+static const struct {
+    int node;
+    const char* prompt;
+    int vtysh;
+} expected_nodes[] = {
+    {0, "Password: ", 0},
+    {1, "%s> ", 0},
+    {2, "VNS CLI> ", 0},
+    {3, "DEBUG CLI> ", 0},
+    {4, "Password: ", 0},
+    {5, "%s# ", 0},
+    {6, "%s(config)# ", 1},
+    {10, "%s(OLT%d)# ", 0},
+    {11, "%s(OLT%d)# ", 0},
+    {12, "%s(OLT%d ONU", 0},
+    {13, "%s(OLT%d LLID", 0},
+    {14, "%s(OLT%d LLID", 0},
+    {15, "%s(OLT%d LLID-BROADCAST)# ", 0},
+    {16, "%s(OLT%d LLID-BROADCAST)# ", 0},
+    {17, "%s(OLT%d PON)# ", 0},
+    {18, "%s(OLT%d PON)# ", 0},
+    {19, "%s(OLT%d CNI)# ", 0},
+    {20, "%s(OLT%d CNI)# ", 0},
+    {21, "%s(OLT%d FW_CRAFT)# ", 0},
+    {22, "%s(OLT%d ONU", 0},
+    {23, "%s(OLT%d ONU", 0},
+    {24, "%s(OLT%d DBA(Internal))# ", 0},
+    {25, "%s(OLT%d DBA(Vireo))# ", 0},
+};
+
+static void check_nodes(void)
+{
+    for (size_t i = 0; i < sizeof expected_nodes / sizeof *expected_nodes; i++) {
+        const cmd_node* node = nodes[expected_nodes[i].node];
+        check(node != NULL && strcmp(node->prompt, expected_nodes[i].prompt) == 0, expected_nodes[i].prompt);
+        check(node != NULL && node->vtysh == expected_nodes[i].vtysh, "a node has another vtysh flag");
+    }
+}
+
 static cmd_element* find(int node, const char* grammar)
 {
     for (int i = 0; i < installed_count; i++)
@@ -399,6 +440,7 @@ int main(int argc, char** argv)
     check(ctc_registration_count == CTC_HANDLERS, "not every event of the CTC stack has a handler");
     for (int node = AUTH_NODE; node < NODE_ID_LIMIT; node++)
         check((nodes[node] != NULL) == (node <= CONFIG_NODE || node >= OLT_NODE), "not every node is installed");
+    check_nodes();
     check(default_nodes > 0, "no node has the engine's own commands");
     check(password_asked == 1, "the password was not loaded once");
     check(installed_count > 0, "no command is installed");
