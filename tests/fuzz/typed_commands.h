@@ -23,15 +23,15 @@ struct TypedNode {
     std::string_view path; // what leads there from anywhere
 };
 constexpr TypedNode typed_nodes[] = {
-    {VIEW_NODE, "end\rdisable\r"},
-    {ENABLE_NODE, "end\renable\r"},
-    {CONFIG_NODE, "end\renable\rconfigure terminal\r"},
-    {OLT_NODE, "end\renable\rconfigure terminal\rolt 0\r"},
-    {OLT_PON_NODE, "end\renable\rconfigure terminal\rolt 0\rpon\r"},
-    {ONU_NODE, "end\renable\rconfigure terminal\rolt 0\ronu 0\r"},
-    {ONU_PON_NODE, "end\renable\rconfigure terminal\rolt 0\ronu 0\rpon\r"},
-    {LLID_NODE, "end\renable\rconfigure terminal\rolt 0\rllid 0\r"},
-    {BC_LLID_NODE, "end\renable\rconfigure terminal\rolt 0\rllid broadcast\r"},
+    {VIEW_NODE, "end\rend\rdisable\r"},
+    {ENABLE_NODE, "end\rend\renable\r"},
+    {CONFIG_NODE, "end\rend\renable\rconfigure terminal\r"},
+    {OLT_NODE, "end\rend\renable\rconfigure terminal\rolt 0\r"},
+    {OLT_PON_NODE, "end\rend\renable\rconfigure terminal\rolt 0\rpon\r"},
+    {ONU_NODE, "end\rend\renable\rconfigure terminal\rolt 0\ronu 0\r"},
+    {ONU_PON_NODE, "end\rend\renable\rconfigure terminal\rolt 0\ronu 0\rpon\r"},
+    {LLID_NODE, "end\rend\renable\rconfigure terminal\rolt 0\rllid 0\r"},
+    {BC_LLID_NODE, "end\rend\renable\rconfigure terminal\rolt 0\rllid broadcast\r"},
 };
 
 // What a word of an operator's choice becomes; bytes beyond that are a number.

@@ -332,6 +332,14 @@ void Client::send_urgent(char byte) const
     EXPECT_EQ(::send(fd, &byte, 1, MSG_OOB | MSG_NOSIGNAL), 1);
 }
 
+std::string Client::read_some(std::size_t size) const
+{
+    std::string bytes(size, '\0');
+    ssize_t got = recv(fd, bytes.data(), bytes.size(), 0);
+    bytes.resize(got > 0 ? static_cast<std::size_t>(got) : 0);
+    return bytes;
+}
+
 void Client::skip()
 {
     char bytes[65536];

@@ -75,6 +75,8 @@ class Client {
     // Ends the connection as a machine does that lost its power and came back.
     void reset();
     void send_urgent(char byte) const;
+    // What the next receive gets, at most so many bytes.
+    std::string read_some(std::size_t size) const;
     // Takes what is there, and throws it away.
     void skip();
     void disconnect();

@@ -2,6 +2,9 @@
 // Clients that break every rule: the one at fault may lose its connection, the others notice nothing.
 #include <algorithm>
 #include <chrono>
+#include <cstdio>
+#include <filesystem>
+#include <iterator>
 #include <string>
 #include <thread>
 
@@ -104,6 +107,23 @@ TEST_F(HostileTest, SubnegotiationsOfWhatWasRefused)
     client.send(subnegotiation(std::string_view("\x18\x00xterm", 7)));                 // TERMINAL-TYPE IS
     client.send("say on\r");
     client.until("say on:1:on\r\nLAB# ");
+    expect_the_others_served();
+}
+
+TEST_F(HostileTest, SubnegotiationsOfEveryOption)
+{
+    Client client;
+    connect(client);
+    client.negotiation.clear();
+    for (int option = 0; option < 256; ++option)
+        for (std::string_view body : {""sv, "\0"sv, "\1"sv, "\xff\xff"sv, "\0abc\0\1\2\3"sv}) {
+            if (option == 0xff) continue; // the byte that begins a command
+            if (option == 86) continue;   // compression, which ends the connection
+            client.send(subnegotiation(std::string(1, static_cast<char>(option)) + std::string(body)));
+        }
+    client.send("say on\r");
+    EXPECT_EQ(client.until("say on:1:on\r\nLAB# "), "say on\r\nsay on:1:on\r\nLAB# ");
+    EXPECT_EQ(client.negotiation, "") << "none of them is answered";
     expect_the_others_served();
 }
 
@@ -214,6 +234,40 @@ TEST_F(HostileTest, EscapeSequencesRunNothingAndComeBackNowhere)
     expect_the_others_served();
 }
 
+TEST_F(HostileTest, EscapeSequencesInEveryField)
+{
+    const std::string size = {IAC, WILL, '\x1f', IAC, SB, '\x1f', 0, 80, 0, 24, IAC, SE};
+    const std::pair<std::string, std::string> fields[] = {
+        {"", "\r"},                                // a command
+        {"say a", "\r"},                           // an argument
+        {"max-rtt ", "\r"},                        // a number
+        {"say a | include ", "\r"},                // a regular expression
+        {"say a | ", "\r"},                        // a filter
+        {"say ", "?"},                             // what is asked about
+        {"sa", "\t\r"},                            // what is completed
+        {"\x12", "\r"},                            // what is looked for among earlier lines
+        {"print 100\r/", "\rq"},                   // and in an answer that waits
+        {"print 100\r", "q"},                      // keys for it
+        {"unit 1\rcraft\r", "\rexit\rend\rend\r"}, // a line for the firmware
+    };
+    Client client;
+    connect(client);
+    client.send(size);
+    for (const auto& [before, behind] : fields)
+        for (std::string_view sequence :
+             {"\x1b]0;title\x07"sv, "\x1b[6n"sv, "\x1bP1$r\x1b\\"sv, "\x1b[5;7Hxx"sv, "\x1b[>c"sv,
+              "\xc2\x9b"
+              "6n"sv}) {
+            client.send(before);
+            std::this_thread::sleep_for(2ms); // a page waits only when nothing else was typed
+            client.send(std::string(sequence) + behind + "\x07\x03\x03" + "say on\r");
+            std::string seen = client.until("say on:1:on\r\nLAB# ");
+            for (std::string_view foreign : {"\x1b]", "\x1b[6n", "\x1bP", "\x1b[5;7H", "\x1b[>c", "\xc2\x9b"})
+                EXPECT_EQ(seen.find(foreign), std::string::npos) << before << seen;
+        }
+    expect_the_others_served();
+}
+
 TEST_F(HostileTest, ResetsAtEveryStage)
 {
     const std::string stages[] = {"",
@@ -228,7 +282,13 @@ TEST_F(HostileTest, ResetsAtEveryStage)
                                   "quit\r",
                                   "\x1b[",
                                   "?",
-                                  "\t"};
+                                  "\t",
+                                  std::string{IAC, WILL, '\x1f', IAC, SB, '\x1f', 0, 80, 0, 24, IAC, SE} +
+                                      "list\r", // a page
+                                  std::string{IAC, SB, '\x1f', 0, 80, 0, 24, IAC, SE} + "list\r/li",
+                                  "\x12lis",
+                                  "enable\rlist | json\rlist | section a",
+                                  "enable\rsay " + std::string(20000, 'x')};
     for (int round = 0; round < 10; ++round)
         for (const std::string& stage : stages) {
             Client client;
@@ -238,6 +298,53 @@ TEST_F(HostileTest, ResetsAtEveryStage)
             if (round % 3 == 2) std::this_thread::sleep_for(1ms);
             client.reset();
         }
+    for (int round = 0; round < 10; ++round) // and those of programs
+        for (const char* stage : {"", "#!mach", "#!machine x\n", "#!machine x\nenable\nprint 20000\nsay a\n"}) {
+            Client client;
+            client.connect_local(server.socket_path());
+            client.send(stage);
+            if (round % 2 == 1) client.until("LAB> ");
+        }
+    expect_the_others_served();
+}
+
+// So slow that each byte finds the console idle: none is lost, and nobody is held up.
+TEST_F(HostileTest, AByteNowAndThen)
+{
+    Client client;
+    client.connect_tcp(server.port());
+    const std::string typed = std::string{IAC, WILL, '\x1f', IAC, SB, '\x1f', 0, 80, 0, 24, IAC, SE} +
+                              std::string("enable\r\nsay \xc3\xa4\x1b[D\x1b[Cb\r\0say on\r\n"sv);
+    for (char byte : typed) {
+        client.send({&byte, 1});
+        expect_the_others_served();
+    }
+    std::string seen = client.until("say on:1:on\r\nLAB# ");
+    EXPECT_NE(seen.find("say \xc3\xa4"
+                        "b:1:\xc3\xa4"
+                        "b\r\n"),
+              std::string::npos)
+        << seen;
+}
+
+// One that reads a byte now and then gets everything in the end.
+TEST_F(HostileTest, AReaderThatReadsLittle)
+{
+    Client client;
+    connect(client);
+    client.shrink_buffers();
+    client.send("print 600\rsay on\r");
+    std::string seen;
+    for (int i = 0; i < 300; ++i) {
+        seen += client.read_some(1);
+        if (i % 30 == 0) expect_the_others_served();
+    }
+    seen += client.until("say on:1:on\r\nLAB# ");
+    for (int i = 0; i < 600; ++i) {
+        char line[32];
+        snprintf(line, sizeof line, "line %06d of ", i);
+        ASSERT_NE(seen.find(line), std::string::npos) << line;
+    }
     expect_the_others_served();
 }
 
@@ -268,8 +375,18 @@ TEST_F(HostileTest, AReaderThatNeverReads)
               std::string::npos);
 }
 
+namespace {
+
+std::size_t open_descriptors()
+{
+    return static_cast<std::size_t>(std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {}));
+}
+
+} // namespace
+
 TEST_F(HostileTest, TenThousandConnectionsInARow)
 {
+    std::size_t before = open_descriptors();
     for (int i = 0; i < 10000 / LOAD_SCALE; ++i) {
         Client client;
         client.connect_tcp(server.port());
@@ -284,4 +401,8 @@ TEST_F(HostileTest, TenThousandConnectionsInARow)
         if (client.until("\r\n").starts_with("Console")) break; // those before are still being closed
     }
     client.until("LAB> ");
+    client.disconnect();
+    for (int i = 0; i < 1000 && open_descriptors() > before; ++i)
+        expect_the_others_served();
+    EXPECT_LE(open_descriptors(), before) << "each connection is given back";
 }
