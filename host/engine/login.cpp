@@ -31,11 +31,12 @@ struct Question {
     std::uint64_t serial; // of the session, which may be another operator's when the answer comes
     std::string hash, password;
     bool is_known; // false: hashed for the effort only
+    bool enables;  // else it is a login
+    std::string user, from, source;
 };
 
 struct Answer {
-    unsigned index;
-    std::uint64_t serial;
+    Question to; // without the password
     bool right;
 };
 
@@ -66,7 +67,7 @@ Checker& checker()
         bool right = password_matches(question.hash, question.password) && question.is_known;
         wipe(&question.password);
         guard.lock();
-        at.answers.push_back({question.index, question.serial, right});
+        at.answers.push_back({std::move(question), right});
         wake_loop();
     }
 }
@@ -86,6 +87,7 @@ struct Source {
     std::string name;
     unsigned failures = 0;
     Clock::time_point last;
+    Clock::time_point answers_at; // not before
 };
 std::chrono::milliseconds first_delay{1000};
 
@@ -97,20 +99,22 @@ Source& source_of(const std::string& name)
     if (found == sources.end()) {
         found = std::min_element(sources.begin(), sources.end(),
                                  [](const Source& a, const Source& b) { return a.last < b.last; });
-        *found = {name, 0, {}};
+        *found = {name, 0, {}, {}};
     }
     if (Clock::now() - found->last > SOURCE_MEMORY) found->failures = 0;
     return *found;
 }
 
-std::chrono::milliseconds delay_after_failure(const std::string& name)
+// A source that was wrong gets no answer for a while, no right one either: nobody learns more by not waiting, or by
+// guessing on many connections.
+void delay_after_failure(const std::string& name)
 {
     Source& source = source_of(name);
     source.last = Clock::now();
     ++source.failures;
     constexpr unsigned DOUBLINGS = 5;
-    return std::min<std::chrono::milliseconds>(first_delay * (1U << std::min(source.failures - 1, DOUBLINGS)),
-                                               LOGIN_DELAY_LIMIT);
+    auto delay = first_delay * (1U << std::min(source.failures - 1, DOUBLINGS));
+    source.answers_at = std::min(std::max(source.answers_at, source.last) + delay, source.last + LOGIN_DELAY_LIMIT);
 }
 
 void forget_failures(const std::string& name)
@@ -120,15 +124,26 @@ void forget_failures(const std::string& name)
 
 // --- Answers ------------------------------------------------------------------------------------------------------
 
-void report_login(const Session& session, Severity severity, const char* event)
+// Who mistakes the first question for the second types a password as a name: unknown names are not written down.
+std::string user_to_report(const Session& session)
 {
-    // Who mistakes the first question for the second types a password as a name: unknown names are not written down.
-    bool known = credentials()->find(session.login.name) != nullptr;
-    std::string_view user = !session.user.empty()        ? std::string_view(session.user)
-                            : session.login.name.empty() ? "-"
-                            : known                      ? std::string_view(session.login.name)
-                                                         : "unknown";
-    audit(severity, event, {{"session", std::to_string(session.index)}, {"user", user}, {"from", session.from}});
+    if (!session.user.empty()) return session.user;
+    if (session.login.name.empty()) return "-";
+    return credentials()->find(session.login.name) != nullptr ? session.login.name : "unknown";
+}
+
+void report_login(const Session& session, const char* event)
+{
+    audit(Severity::Notice, event,
+          {{"session", std::to_string(session.index)}, {"user", user_to_report(session)}, {"from", session.from}});
+}
+
+// Even when the client has not waited for its answer.
+void report_failure(const Question& asked)
+{
+    count(asked.enables ? counters().enable_failures : counters().login_failures);
+    audit(Severity::Warning, asked.enables ? "ENABLE_FAILED" : "LOGIN_FAILED",
+          {{"session", std::to_string(asked.index)}, {"user", asked.user}, {"from", asked.from}});
 }
 
 void let_in(Session& session)
@@ -142,7 +157,7 @@ void let_in(Session& session)
     session.login.failures = 0;
     count(counters().logins);
     forget_failures(session.source);
-    report_login(session, Severity::Notice, "LOGIN");
+    report_login(session, "LOGIN");
 }
 
 void let_enable(Session& session)
@@ -150,7 +165,7 @@ void let_enable(Session& session)
     session.node = ENABLE_NODE;
     session.login.failures = 0;
     forget_failures(session.source);
-    report_login(session, Severity::Notice, "ENABLE");
+    report_login(session, "ENABLE");
 }
 
 void refuse_login(Session& session)
@@ -161,8 +176,6 @@ void refuse_login(Session& session)
         print(session, "%% Bad %s, too many tries.%s", what, newline(session));
     else
         print(session, "%% Bad %s.%s", what, newline(session));
-    count(counters().login_failures);
-    report_login(session, Severity::Warning, "LOGIN_FAILED");
     session.login.asks_name = !credentials()->users.empty();
     if (!last) return;
     log_line("session %u (%s): %d bad passwords", session.index, session.from.c_str(), LOGIN_TRIES);
@@ -177,8 +190,6 @@ void refuse_enable(Session& session)
         print(session, "%% Bad password, too many tries.%s", newline(session));
     else
         print(session, "%% Bad password.%s", newline(session));
-    count(counters().enable_failures);
-    report_login(session, Severity::Warning, "ENABLE_FAILED");
     if (!last) return;
     session.node = VIEW_NODE;
     session.login.failures = 0;
@@ -197,7 +208,9 @@ void take_password(Session& session)
 {
     LineEditor& editor = session.editor;
     auto known = credentials();
-    Question question{session.index, session.serial, known->nobody_hash, {}, false};
+    Question question{
+        session.index,           session.serial, known->nobody_hash, {}, false, session.node == AUTH_ENABLE_NODE,
+        user_to_report(session), session.from,   session.source};
     if (!editor.too_long() && !editor.refused()) question.password = editor.line();
     const User* user = known->find(session.login.name);
     if (session.node == AUTH_ENABLE_NODE)
@@ -279,13 +292,16 @@ void take_login_results()
         std::lock_guard guard(checker().lock);
         answers.swap(checker().answers);
     }
-    for (const Answer& answer : answers) {
-        Session& session = session_at(answer.index);
-        if (session.serial != answer.serial || session.phase != Phase::Open || !session.login.pending) continue;
+    for (const auto& [asked, right] : answers) {
+        if (!right) {
+            report_failure(asked);
+            delay_after_failure(asked.source);
+        }
+        Session& session = session_at(asked.index);
+        if (session.serial != asked.serial || session.phase != Phase::Open || !session.login.pending) continue;
         session.login.answered = true;
-        session.login.right = answer.right;
-        session.login.answer_at = Clock::now();
-        if (!answer.right) session.login.answer_at += delay_after_failure(session.source);
+        session.login.right = right;
+        session.login.answer_at = std::max(Clock::now(), source_of(asked.source).answers_at);
         expect_deadline(session.login.answer_at);
     }
 }

@@ -23,12 +23,12 @@ int show_history(cmd_element*, vty* session, int, char**)
 int show_sessions(cmd_element*, vty* session, int, char**)
 {
     Session& own = *session_of(session);
-    print(own, " %-4s%-12s %-26s %-24s %s%s", "ID", "User", "From", "At", "Idle", newline(own));
+    print(own, " %-4s%-10s %-28s %-22s %s%s", "ID", "User", "From", "At", "Idle", newline(own));
     for (unsigned i = 0; i < SESSION_LIMIT; ++i) {
         const Session& other = session_at(i);
         if (&other != &own && (!other.connected || other.phase != Phase::Open)) continue;
         auto idle = std::chrono::duration_cast<std::chrono::seconds>(Clock::now() - other.last_input).count();
-        print(own, "%c%-4u%-12s %-26s %-24s %02lld:%02lld:%02lld%s", &other == &own ? '*' : ' ', i,
+        print(own, "%c%-4u%-10s %-28s %-22s %02lld:%02lld:%02lld%s", &other == &own ? '*' : ' ', i,
               std::string(user_text(other)).c_str(), other.from.c_str(), prompt(&other).c_str(),
               static_cast<long long>(idle / 3600), static_cast<long long>(idle / 60 % 60),
               static_cast<long long>(idle % 60), newline(own));

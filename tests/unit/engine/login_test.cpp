@@ -227,6 +227,38 @@ TEST_F(LoginTest, EachFailureOfASourceWaitsLongerThanTheOneBefore)
     EXPECT_GE(std::chrono::steady_clock::now() - start, 2ms + 4ms + 8ms + 16ms);
 }
 
+TEST_F(LoginTest, WhoDoesNotWaitForARefusalGainsNothing)
+{
+    serve([](engine::Options& options) { options.login_delay = 300ms; });
+    {
+        Client right;
+        log_in(right, "ann", "first"); // forgets failures of tests before this one
+    }
+    {
+        Client hasty;
+        hasty.connect_tcp(server->port());
+        hasty.send("ann\rguess\r");
+        std::string log = recorded("LOGIN_FAILED");
+        EXPECT_EQ(occurrences(log, " LOGIN_FAILED ["), 1U) << "it is on record before it is answered";
+    }
+    auto start = std::chrono::steady_clock::now();
+    {
+        Client gone; // before its password is even checked
+        gone.connect_tcp(server->port());
+        gone.send("ann\rguess\r");
+    }
+    std::string log;
+    for (int i = 0; i < 100 && occurrences(log, " LOGIN_FAILED [") < 2; ++i)
+        log = recorded("session");
+    EXPECT_EQ(occurrences(log, " LOGIN_FAILED ["), 2U) << log;
+    Client right;
+    log_in(right, "ann", "first");
+    EXPECT_GE(std::chrono::steady_clock::now() - start, 600ms)
+        << "a right password waits for the end of the delay, too";
+    right.send("enable\rshow console statistics\r");
+    right.until("Failed logins");
+}
+
 TEST_F(LoginTest, TheConsoleServesOnWhilePasswordsAreChecked)
 {
     // A hash that takes a good while.
