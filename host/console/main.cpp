@@ -82,6 +82,9 @@ int run_interactive(int connection, const std::vector<std::string>& way)
     case console::Ending::Broken:
         std::fprintf(stderr, "epon-console: standard input cannot be read\n");
         return console::EXIT_FAILED;
+    case console::Ending::Lost:
+        std::fprintf(stderr, "epon-console: the connection to the console was lost; the host may have stopped\n");
+        return console::EXIT_FAILED;
     case console::Ending::BySignal:
         break;
     }

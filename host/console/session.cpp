@@ -175,7 +175,7 @@ Ending Session::run(int* signal_number)
         }
         if ((wait[0].revents & (POLLIN | POLLHUP | POLLERR)) != 0 && !read_console()) {
             if (last_shown != '\n') show("\r\n");
-            return Ending::ByConsole;
+            return filter.is_open() ? Ending::Lost : Ending::ByConsole;
         }
         if (wait[1].revents != 0 && !read_keys()) return Ending::Broken;
     }
@@ -194,7 +194,9 @@ int connect_local(const std::string& path, std::string* error)
     path.copy(address.sun_path, path.size());
     int connection = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
     if (connection < 0 || connect(connection, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0) {
-        *error = "cannot connect to " + path + ": " + std::strerror(errno);
+        bool absent = errno == ENOENT || errno == ECONNREFUSED;
+        *error = "cannot connect to " + path + ": " + std::strerror(errno) +
+                 (absent ? "; is epon-host running there? (--socket names another place)" : "");
         if (connection >= 0) close(connection);
         return -1;
     }

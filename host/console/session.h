@@ -10,7 +10,7 @@ namespace console {
 // Connects to the local socket of a console. The descriptor, or -1 with one clear line in *error.
 int connect_local(const std::string& path, std::string* error);
 
-enum class Ending { ByConsole, ByOperator, BySignal, Broken };
+enum class Ending { ByConsole, ByOperator, BySignal, Broken, Lost }; // Lost: the console is gone
 
 // Carries bytes between standard input and output and the console until one of them ends. With a terminal, every key
 // goes to the console and Ctrl-] leaves; otherwise lines are sent, and the answers to all of them printed. The first

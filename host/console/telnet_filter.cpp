@@ -6,7 +6,7 @@ namespace console {
 namespace {
 
 constexpr std::uint8_t IAC = 255, DONT = 254, DO = 253, WONT = 252, WILL = 251, SB = 250, SE = 240;
-constexpr std::uint8_t ECHO_OPTION = 1, SUPPRESS_GO_AHEAD = 3, WINDOW_SIZE = 31;
+constexpr std::uint8_t ECHO_OPTION = 1, SUPPRESS_GO_AHEAD = 3, LOGOUT = 18, WINDOW_SIZE = 31;
 
 void append(std::string* text, std::initializer_list<std::uint8_t> bytes)
 {
@@ -87,9 +87,14 @@ void TelnetFilter::feed(std::string_view received, std::string* shown, std::stri
 }
 
 // The console's echo and the window's size were agreed by the greeting, and its going without go-aheads needs no
-// answer; everything else is refused.
+// answer, nor does its end; everything else is refused.
 void TelnetFilter::answer_option(std::uint8_t option, std::string* answer)
 {
+    if (verb == WILL && option == ECHO_OPTION) open = true;
+    if (verb == WILL && option == LOGOUT) {
+        open = false;
+        return;
+    }
     if (verb == WILL && option != ECHO_OPTION && option != SUPPRESS_GO_AHEAD) append(answer, {IAC, DONT, option});
     if (verb == DO && option != WINDOW_SIZE) append(answer, {IAC, WONT, option});
 }

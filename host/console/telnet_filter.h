@@ -22,6 +22,11 @@ class TelnetFilter {
   public:
     // Appends the data among the received bytes to *shown, and what must be answered to *answer.
     void feed(std::string_view received, std::string* shown, std::string* answer);
+    // The console was there, and has not said that it ends the session.
+    bool is_open() const
+    {
+        return open;
+    }
 
   private:
     enum class State { Data, Command, Option, Subnegotiation, SubnegotiationCommand };
@@ -31,6 +36,7 @@ class TelnetFilter {
     State state = State::Data;
     std::uint8_t verb = 0;
     bool after_cr = false;
+    bool open = false;
 };
 
 } // namespace console

@@ -78,6 +78,11 @@ bool Telnet::receive(std::string_view bytes)
     return broken == nullptr;
 }
 
+void Telnet::announce_end()
+{
+    telnet_negotiate(state.get(), TELNET_WILL, TELNET_TELOPT_LOGOUT);
+}
+
 void Telnet::on_event(telnet_t*, telnet_event_t* event, void* self)
 {
     static_cast<Telnet*>(self)->handle(*event);

@@ -30,6 +30,9 @@ class Telnet {
     // False when the client broke the rules and is to be disconnected; fault() says why.
     bool receive(std::string_view bytes);
 
+    // Says that the console ends the session, so that the client can tell it from a console that is gone.
+    void announce_end();
+
     std::string typed;    // what the operator typed, since it was last cleared
     std::string answer;   // what goes to the client, since it was last cleared
     bool echo = false;    // the client asked for echo

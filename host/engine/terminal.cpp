@@ -371,6 +371,16 @@ void count_opened()
     if (open > counters().sessions_peak) counters().sessions_peak = open;
 }
 
+// A client of the local socket that speaks telnet is told that this is the end. Programs that do not get clean text,
+// and telnet on TCP says by itself that the connection was closed.
+void announce_end(Session& session)
+{
+    if (!session.local || session.machine || session.cut_off || !session.telnet->echo) return;
+    session.telnet->announce_end();
+    session.out += session.telnet->answer;
+    session.telnet->answer.clear();
+}
+
 void report_end(const Session& session, const char* last_line)
 {
     std::string reason = session.end_reason;
@@ -435,6 +445,7 @@ void close_connection(Session& session, const char* last_line)
         report_end(session, last_line);
         retire(session);
         if (session.machine && !session.cut_off) send_closing(session);
+        announce_end(session);
         send_output(session);
         session.phase = Phase::Draining;
         session.drain_end = Clock::now() + DRAIN_TIME;

@@ -124,6 +124,15 @@ def test_host_ends(host, console):
     assert terminal.end() == 0
 
 
+def test_host_is_killed(host, console):
+    """Nobody can say goodbye then; the client says it, in one line."""
+    terminal = Terminal(console, host)
+    terminal.wait_for(b"> ")
+    host.stop(signal.SIGKILL, check=False)
+    terminal.wait_for(b"\r\nepon-console: the connection to the console was lost; the host may have stopped\r\n")
+    assert terminal.end() == 1
+
+
 def test_stopped_and_continued(host, console):
     """A stop from outside gives the terminal back; going on takes it again."""
     terminal = Terminal(console, host)
