@@ -127,10 +127,10 @@ static constinit cmd_element remote_alarm_configuration_cmd =
             "Whether the host is told of it\n"
             "enable: each window with enough errors is an event; disable: none is\n"
             "How long errors are counted before they begin at 0 again\n"
-            "errored-symbols-period: symbols, 1-18446744073709551615; errored-frame: 100 ms, 10-600; "
+            "Of errored-symbols-period: symbols, 1-18446744073709551615; errored-frame: 100 ms, 10-600; "
             "errored-frame-period: frames, 1-4294967295; second-summary: 100 ms, 100-9000\n"
             "From how many errors in a window on there is an event\n"
-            "errored-symbols-period: symbols; errored-frame and errored-frame-period: frames, 0-4294967295; "
+            "Of errored-symbols-period: symbols; errored-frame and errored-frame-period: frames, 0-4294967295; "
             "second-summary: seconds, 0-65535\n");
 
 static constinit cmd_element remote_event_configuration_cmd = command(

@@ -113,7 +113,8 @@ int configure_terminal(cmd_element*, vty* session, int, char**)
 
 EngineCommand commands[] = {
     {EVERY_NODE, element("exit", exit_node, "Go one node up, or close the session when there is none\n")},
-    {EVERY_NODE, element("end", end_nodes, "Go back to the configuration or the enable node\n")},
+    // There is nowhere to go back to from the view node, and "en" is to be "enable" there.
+    {BELOW_VIEW, element("end", end_nodes, "Go back to the configuration or the enable node\n")},
     {EVERY_NODE, element("quit", close_console, "Close this session\n")},
     {EVERY_NODE, element("logout", close_console, "Close this session\n")},
     {EVERY_NODE, element("help", show_help, "How to work with this console\n")},
@@ -131,7 +132,8 @@ void install_default_commands(int node)
     for (std::span<EngineCommand> file :
          {std::span<EngineCommand>(commands), screen_commands(), session_commands(), console_commands()})
         for (EngineCommand& command : file)
-            if (command.node == EVERY_NODE || command.node == node) add_element(node, &command.element, Origin::Engine);
+            if (command.node == EVERY_NODE || command.node == node || (command.node == BELOW_VIEW && node != VIEW_NODE))
+                add_element(node, &command.element, Origin::Engine);
 }
 
 void print_line(Session& session, std::string_view text)

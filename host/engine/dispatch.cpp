@@ -52,14 +52,37 @@ void print_caret(Session& session, std::string_view line, std::string_view word)
     if (column < width) print(session, "%*s^%s", static_cast<int>(column), "", newline(session));
 }
 
+// Whether a node has a command that begins with these words; one that is called something, at least.
+bool has_command(int id, const std::vector<std::string_view>& words, Match& match)
+{
+    const Node* node = rules_of(id).title == nullptr ? nullptr : find_node(id);
+    if (node == nullptr) return false;
+    node->commands.match(words, match);
+    return match.status == MatchStatus::Matched || match.status == MatchStatus::Incomplete;
+}
+
+// The node that has the command which the session's node has not: one on the way back, or else the first of all.
+// Null: there is none.
+const char* home_of(int from, const std::vector<std::string_view>& words)
+{
+    Match match;
+    for (int id = rules_of(from).parent, steps = 0; id >= 0 && steps < NODE_ID_LIMIT; id = rules_of(id).parent, ++steps)
+        if (has_command(id, words, match)) return rules_of(id).title;
+    for (int id = 0; id < NODE_ID_LIMIT; ++id)
+        if (has_command(id, words, match)) return rules_of(id).title;
+    return nullptr;
+}
+
 void print_unknown(Session& session, std::string_view line, const std::vector<std::string_view>& words)
 {
     const Match& match = session.match;
     if (match.error_word < words.size()) print_caret(session, line, words[match.error_word]);
-    if (match.reason.empty())
-        print(session, UNKNOWN_COMMAND, newline(session));
-    else
+    if (!match.reason.empty())
         print(session, UNKNOWN_WORD, match.reason.c_str(), newline(session));
+    else if (const char* home = home_of(session.node, words))
+        print(session, UNKNOWN_HERE, home, newline(session));
+    else
+        print(session, UNKNOWN_COMMAND, newline(session));
 }
 
 void print_ambiguous(Session& session)

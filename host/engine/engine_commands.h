@@ -10,10 +10,11 @@
 namespace engine {
 
 struct EngineCommand {
-    int node; // EVERY_NODE: all of them
+    int node; // or one of these
     cmd_element element;
 };
 constexpr int EVERY_NODE = -1;
+constexpr int BELOW_VIEW = -2; // every node but the view node
 
 constexpr cmd_element element(const char* grammar, cmd_handler* handler, const char* help)
 {

@@ -61,6 +61,8 @@ void set_secret_words(std::span<const SecretWord> words);
 struct NodeRules {
     int node;
     int parent; // where "exit" leads; -1: it closes the session
+    // What the node is called where a command of it is typed elsewhere: "the enable node". null: it is not mentioned.
+    const char* title = nullptr;
     // Completes a prompt that ends after the OLT number; appends to *prompt. May be null.
     void (*prompt_tail)(const vty& session, std::string* prompt) = nullptr;
     // Takes a typed line instead of the node's commands; leave words ("exit", "end", "quit", "logout") stay the

@@ -121,11 +121,19 @@ struct Choices {
     bool complete = true;           // there is nothing else
 };
 
+// A part of a line of help that names several words begins like a line of its own.
+std::string as_sentence(std::string_view help)
+{
+    std::string text(help);
+    if (!text.empty() && text[0] >= 'a' && text[0] <= 'z') text[0] = static_cast<char>(text[0] - 'a' + 'A');
+    return text;
+}
+
 Choices choices_at(const Session& session, std::string_view before_cursor, Position* position)
 {
     Choices choices;
     for (const Candidate& entry : candidates_at(session, before_cursor, position)) {
-        choices.rows.push_back({std::string(entry.word), std::string(entry.help)});
+        choices.rows.push_back({std::string(entry.word), as_sentence(entry.help)});
         if (entry.literal) {
             if (entry.word.starts_with(position->partial)) choices.words.emplace_back(entry.word);
             continue;

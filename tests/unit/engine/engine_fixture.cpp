@@ -142,7 +142,7 @@ void install_test_nodes()
         RBX_install_element(ENABLE_NODE, command);
     for (cmd_element* command : {&craft_cmd, &onu_cmd, &say_cmd})
         RBX_install_element(OLT_NODE, command);
-    engine::set_node_rules({.node = OLT_NODE, .parent = CONFIG_NODE});
+    engine::set_node_rules({.node = OLT_NODE, .parent = CONFIG_NODE, .title = "the context of a unit"});
     engine::set_node_rules({.node = ONU_NODE, .parent = OLT_NODE, .prompt_tail = onu_prompt});
     engine::set_node_rules({.node = OLT_FW_CRAFT_NODE,
                             .parent = OLT_NODE,

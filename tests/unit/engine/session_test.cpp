@@ -225,13 +225,28 @@ TEST_F(SessionTest, LetsOnlyOneConfigureIfAskedTo)
     engine::close_session(other);
 }
 
+TEST_F(SessionTest, TellsWhereACommandBelongs)
+{
+    const std::string of_a_unit = "% Unknown command here: it belongs to the context of a unit.\r\n";
+    auto last_line = [this](const char* line) {
+        std::string text = type(line);
+        return text.substr(text.find('%'));
+    };
+    session->node = CONFIG_NODE;
+    EXPECT_EQ(last_line("onu 1"), of_a_unit);
+    EXPECT_EQ(last_line("on"), of_a_unit) << "an unfinished one, too";
+    EXPECT_EQ(last_line("onu 1 more"), "% Unknown command.\r\n");
+    EXPECT_EQ(last_line("enable"), "% Unknown command.\r\n") << "the view node has no title here";
+    session->node = ONU_NODE;
+    EXPECT_EQ(last_line("onu 1"), of_a_unit);
+}
+
 TEST_F(SessionTest, ListsCommandsHistoryAndSessions)
 {
     std::string list = type("list");
-    EXPECT_EQ(
-        list,
-        "enable\r\nend\r\nexit\r\nhelp\r\nlist\r\nlogout\r\nno terminal length\r\nno terminal width\r\nquit\r\nshow "
-        "history\r\nshow terminal\r\nterminal length <0-512>\r\nterminal width <8-1000>\r\nwho\r\n");
+    EXPECT_EQ(list,
+              "enable\r\nexit\r\nhelp\r\nlist\r\nlogout\r\nno terminal length\r\nno terminal width\r\nquit\r\nshow "
+              "history\r\nshow terminal\r\nterminal length <0-512>\r\nterminal width <8-1000>\r\nwho\r\n");
     type("nonsense");
     std::string history = type("show history");
     EXPECT_EQ(history, "   1  list\r\n   2  nonsense\r\n   3  show history\r\n");
