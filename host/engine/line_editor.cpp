@@ -17,12 +17,6 @@ bool is_continuation(char byte)
 
 } // namespace
 
-std::size_t columns_of(std::string_view text)
-{
-    return static_cast<std::size_t>(
-        std::count_if(text.begin(), text.end(), [](char c) { return !is_continuation(c); }));
-}
-
 void LineEditor::begin(std::string_view prompt, const Mode& new_mode)
 {
     mode = new_mode;
@@ -111,14 +105,15 @@ void LineEditor::insert(std::string_view piece, std::string* echo)
 void LineEditor::remove(std::size_t from, std::size_t to, std::string* echo)
 {
     if (from == to) return;
-    std::size_t gone = columns_of(std::string_view(text).substr(from, to - from));
+    std::size_t end = column(text.size());
     if (shown() && at > from) move_back(column(at), column(from), echo);
     text.erase(from, to - from);
     at = from;
     if (!shown()) return;
-    std::string rest = text.substr(at) + std::string(gone, ' ');
-    put(rest, column(text.size()) + gone, echo);
-    move_back(column(text.size()) + gone, column(at), echo);
+    std::string rest = text.substr(at);
+    rest.append(end - column(text.size()), ' ');
+    put(rest, end, echo);
+    move_back(end, column(at), echo);
 }
 
 // The same, to be put back by Ctrl-Y.
@@ -131,17 +126,17 @@ void LineEditor::kill(std::size_t from, std::size_t to, std::string* echo)
 
 void LineEditor::replace(std::string line, std::string* echo)
 {
-    std::size_t before = columns_of(text);
+    std::size_t before = column(text.size());
     if (shown()) move_back(column(at), column(0), echo);
     text = std::move(line);
     at = text.size();
     overflow = foreign = false;
     if (!shown()) return;
     put(text, column(at), echo);
-    std::size_t now = columns_of(text);
+    std::size_t now = column(text.size());
     if (now >= before) return;
-    put(std::string(before - now, ' '), prompt_width + before, echo);
-    move_back(prompt_width + before, column(at), echo);
+    put(std::string(before - now, ' '), before, echo);
+    move_back(before, column(at), echo);
 }
 
 void LineEditor::walk_history(int step, std::string* echo)
@@ -202,7 +197,7 @@ void LineEditor::complete(std::string_view piece, std::string* echo)
 
 std::size_t LineEditor::column(std::size_t offset) const
 {
-    return prompt_width + columns_of(std::string_view(text).substr(0, offset));
+    return column_behind(prompt_width, std::string_view(text).substr(0, offset), screen_width);
 }
 
 std::size_t LineEditor::previous(std::size_t offset) const

@@ -6,15 +6,13 @@
 #include <string>
 #include <string_view>
 
+#include "host/engine/columns.h"
 #include "host/engine/history.h"
 
 namespace engine {
 
 // Longest line, in bytes. A longer one is taken to its end and refused as a whole.
 constexpr std::size_t LINE_LIMIT = 16384;
-
-// Columns that a text takes on the screen: one for each character of its UTF-8.
-std::size_t columns_of(std::string_view text);
 
 // Bytes that mean something: printable ASCII and printable UTF-8 are inserted; CR and LF end the line; BS and DEL
 // erase.

@@ -47,6 +47,24 @@ def test_erased_words_come_back(host, _):
     screen.close()
 
 
+def test_characters_of_two_columns(host, _):
+    """The cursor steps over whole characters, also over rows."""
+    screen = Screen(host, columns=20)
+    screen.type("日本語 xx<home>a<right><right>")
+    screen.expect("VNS# a日本|語 xx")
+    screen.type("<backspace>")
+    screen.expect("VNS# a日|語 xx")
+    screen.type("<^K>ab本本本本本本")
+    screen.expect("VNS# a日ab本本本本本", "本|")
+    screen.type("<left><left><left>本")
+    screen.expect("VNS# a日ab本本本本|本", "本本")
+    screen.type("<up><^U>")
+    screen.expect("VNS# |")
+    screen.type("e\u0301x<left>y")
+    screen.expect("VNS# \u00e9y|x")
+    screen.close()
+
+
 def test_a_line_over_three_rows(host, _):
     """Every key of an edited line that wraps at 40 columns leaves exactly the line on the screen."""
     screen = Screen(host, columns=40)

@@ -8,6 +8,7 @@ import sys
 import time
 
 import pyte
+from wcwidth import wcswidth
 
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "harness"))
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "clients"))
@@ -100,7 +101,7 @@ class Screen:
                 continue
             column = row.index("|")
             wanted[index] = (row[:column] + row[column + 1:]).rstrip()
-            expected = (column, len(rows) - len(wanted) + index)
+            expected = (wcswidth(row[:column]), len(rows) - len(wanted) + index)
             assert self.cursor() == expected, f"cursor at {self.cursor()}, wanted {expected}:\n{self.shown()}"
         found = rows[-len(wanted):]
         assert found == wanted, "\n".join(["the screen:", *rows, "wanted at its end:", *wanted])
