@@ -27,6 +27,7 @@ TEST_F(ScenarioTest, ErrorsNameTheLineAndWhatWasExpected)
         {"name = \"123456789012345678901234567890123\"\n", "1: name: expected at most 32 octets"},
         {"\"a\\n\\u001b[2J\\u009bx\" = 1\n",
          "1: unknown key \"a\\n\\u001b[2J\\u009bx\"; expected one of clock, ctc_stack, life, name, olt"},
+        {"[.a]\n", "1: Error while parsing key: expected bare key starting character or string delimiter, saw '.'"},
         {"a = tru\n", "1: Error while parsing boolean: expected 'true', saw 'tru\\n'"},
         {"\xc8\x87 = 1\n", "1: Error while parsing root table: expected keys, tables, whitespace or comments, saw "
                            "'\xc8\x87'"},
