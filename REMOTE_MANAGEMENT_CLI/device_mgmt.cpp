@@ -143,7 +143,7 @@ static constinit cmd_element remote_reboot_counter_cmd =
             "The ONU as a device\n"
             "How often it started, 0-15, then from 0 again\n"
             "The counter's new value\n"
-            "Number, 0-15\n");
+            "Starts to count from, 0-15\n");
 
 static constinit OnuShow show_remote_reboot_counter_cmd =
     remote_show<"device-mgmt reboot-counter", "The ONU as a device\n"

@@ -152,9 +152,9 @@ constexpr cmd_element command(const char* grammar, cmd_handler* handler, const c
     "Make an operation of the SDK fail\n"                                                                              \
     "Name of the operation, as \"show simulate operations\" lists it\n"                                                \
     "What the operation returns\n"                                                                                     \
-    "Return code, -32768 to 32767; it returns 0 without doing its work, too\n"                                         \
+    "Return code, -32768-32767; it returns 0 without doing its work, too\n"                                            \
     "For how many calls\n"                                                                                             \
-    "Number of calls, 1 to 1000000\n"
+    "Number of calls, 1-1000000\n"
 #define EVENT_KINDS                                                                                                    \
     "(ethernet-frame-received|onu-registered|onu-deregistered|onu-registration-refused|alarm|link-test-completed|"     \
     "loopback-changed|self-test-completed|onu-authorization-changed|oam-frame-received|oam-link-changed|"              \
@@ -169,13 +169,13 @@ constexpr cmd_element command(const char* grammar, cmd_handler* handler, const c
     "Raise an event of the SDK; the network itself stays as it is\n"                                                   \
     "Kind of the event; \"show simulate events\" tells its fields\n"                                                   \
     "The OLT that the event comes from\n"                                                                              \
-    "Index of the OLT, 0 to 15\n"
+    "Index of the OLT, 0-15\n"
 
 cmd_element commands[] = {
     command("simulate fault OPERATION code <-32768-32767> count <1-1000000>", simulate_fault, FAULT_HELP),
     command("simulate fault OPERATION code <-32768-32767> count <1-1000000> delay <0-60000>", simulate_fault,
             FAULT_HELP "Time that each of these calls takes\n"
-                       "Milliseconds, 0 to 60000; the console waits for it\n"),
+                       "Milliseconds, 0-60000; the console waits for it\n"),
     command("no simulate faults", no_simulate_faults,
             "Take something back\n" SIMULATE_HELP "Faults that are waiting\n"),
     command("show simulate faults", show_simulate_faults,
@@ -185,7 +185,7 @@ cmd_element commands[] = {
     command("simulate event " EVENT_KINDS " olt <0-15>", simulate_event, EVENT_HELP),
     command("simulate event " EVENT_KINDS " olt <0-15> values VALUES", simulate_event,
             EVENT_HELP "What the event tells\n"
-                       "field=value,field=value without blanks; a field that is left out is 0\n"),
+                       "As field=value,field=value without blanks; a field that is left out is 0\n"),
     command("show simulate events", show_simulate_events,
             "Show something\n" SIMULATE_HELP "Kinds of events and their fields\n"),
     command("show simulate links", show_simulate_links,
@@ -193,19 +193,19 @@ cmd_element commands[] = {
     command("show simulate links olt <0-15>", show_simulate_links,
             "Show something\n" SIMULATE_HELP "Every link of the OLTs that are present, one a line\n"
             "Of one OLT\n"
-            "Index of the OLT, 0 to 15\n"),
+            "Index of the OLT, 0-15\n"),
     command("simulate olt <0-15> (remove|return)", simulate_olt,
             SIMULATE_HELP "Take an OLT away, or bring it back\n"
-                          "Index of the OLT, 0 to 15\n"
+                          "Index of the OLT, 0-15\n"
                           "remove: as a power failure would; return: power is back, settings are as they were\n"),
     command("simulate loop olt <0-15> onu <0-254> port <0-255> (make|remove)", simulate_loop,
             SIMULATE_HELP "A cable that connects the users of an ONU in a loop\n"
                           "The OLT of the ONU\n"
-                          "Index of the OLT, 0 to 15\n"
+                          "Index of the OLT, 0-15\n"
                           "The ONU\n"
-                          "Index of the ONU, 0 to 254\n"
+                          "Index of the ONU, 0-254\n"
                           "User port of the ONU\n"
-                          "Number of the port, 0 to 255\n"
+                          "Number of the port, 0-255\n"
                           "make: the cable is plugged in; remove: it is taken away\n"),
 };
 
@@ -213,7 +213,9 @@ cmd_element commands[] = {
 
 void install_simulate_commands()
 {
-    for (const int node : {ENABLE_NODE, CONFIG_NODE})
-        for (cmd_element& element : commands)
-            engine::install_host_element(node, &element);
+    for (const int node : {VIEW_NODE, ENABLE_NODE, CONFIG_NODE, OLT_NODE, ONU_NODE})
+        for (cmd_element& element : commands) {
+            const bool only_shows = std::string_view(element.string).starts_with("show ");
+            if (only_shows || node == ENABLE_NODE || node == CONFIG_NODE) engine::install_host_element(node, &element);
+        }
 }

@@ -280,7 +280,7 @@ static constinit cmd_element set_mka_parameter_ubuf_cmd =
             "mka-actor-mem-id: the OLT's member identifier, 12 octets; mka-cak-name: name of the connectivity "
             "association key, 1-32 octets; mka-cak: the key itself, 16 or 32 octets\n"
             "The parameter's new value\n"
-            "Octets as hexadecimal digits, two for each\n");
+            "Octets as hexadecimal digits, two for each: 24, 2-64, and 32 or 64 digits\n");
 
 static constinit cmd_element set_mka_parameter_ulong64_cmd =
     command("set mka-parameter olt OLT_INDEX llid LLID_INDEX param (mka-sci) value VALUE", set_mka_parameter_ulong64,

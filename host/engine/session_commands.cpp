@@ -83,7 +83,7 @@ EngineCommand commands[] = {
     {ENABLE_NODE, element("kill session <0-63>", kill_session,
                           "Close something of somebody else's\n"
                           "A session, which is told who closed it\n"
-                          "Its ID in the list of \"who\"\n")},
+                          "Its ID in the list of \"who\", 0-63\n")},
 };
 static_assert(SESSION_LIMIT == 64);
 

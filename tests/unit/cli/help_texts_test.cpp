@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: Apache-2.0
+// Every word of every command of the library and the engine has help that says more than the word.
+#include "console_fixture.h"
+#include "help_texts.h"
+
+namespace {
+
+class HelpTexts : public Console {};
+
+TEST_F(HelpTexts, SayWhatIsMeantAndItsRange)
+{
+    for (engine::Origin origin : {engine::Origin::Library, engine::Origin::Engine})
+        engine::for_each_element(origin, [](int node, const cmd_element& element) {
+            EXPECT_EQ(help_texts::fault(element), "") << "in node " << node;
+        });
+}
+
+TEST_F(HelpTexts, FaultsAreFound)
+{
+    EXPECT_NE(help_texts::fault_of_line("OLT_INDEX", "Olt index"), "");
+    EXPECT_NE(help_texts::fault_of_line("OLT_INDEX", "Index of the OLT"), "");
+    EXPECT_NE(help_texts::fault_of_line("<0-15>", "Index of the OLT, 0-14"), "");
+    EXPECT_NE(help_texts::fault_of_line("set", ""), "");
+    EXPECT_NE(help_texts::fault_of_line("set", "change a setting"), "");
+    EXPECT_EQ(help_texts::fault_of_line("<0-15>", "Index of the OLT, 0-15"), "");
+}
+
+} // namespace

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: Apache-2.0
+// What every line of help owes the operator.
+#pragma once
+
+#include <cctype>
+#include <regex>
+#include <string>
+
+#include <epon/engine.h>
+
+namespace help_texts {
+
+// The word without what is not spoken: "OLT_INDEX" and "Olt index" are the same.
+inline std::string spoken(const std::string& text)
+{
+    std::string letters;
+    for (char c : text)
+        if (std::isalnum(static_cast<unsigned char>(c)) != 0)
+            letters += static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    return letters;
+}
+
+// What is wrong with the help of one word; empty when nothing is.
+inline std::string fault_of_line(const std::string& word, const std::string& help)
+{
+    static const std::regex range("<-?(\\w+)-(-?\\w+)>");
+    static const std::regex variable("[A-Z][A-Z0-9_]*");
+    if (help.empty() || help.front() == ' ' || help.back() == ' ') return "is empty, or has blanks at an end";
+    if (spoken(help) == spoken(word)) return "says the word again";
+    if (word.front() != '(' && std::islower(static_cast<unsigned char>(help.front())) != 0) return "begins small";
+    std::smatch bounds;
+    if (std::regex_match(word, bounds, range)) {
+        if (spoken(help).find(spoken(bounds[2])) == std::string::npos) return "names no range";
+    } else if (std::regex_match(word, variable)) {
+        const bool has_number = help.find_first_of("0123456789") != std::string::npos;
+        const bool is_told_elsewhere =
+            help.find("Path") != std::string::npos || help.find("\"show ") != std::string::npos;
+        if (!has_number && !is_told_elsewhere) return "names no range, length or form";
+    }
+    return "";
+}
+
+// The first fault in a command's help, with its words; empty when there is none.
+inline std::string fault(const cmd_element& element)
+{
+    static const std::regex a_word("\\([^)]*\\)|[^ \t(]+");
+    const std::string grammar = element.string, doc = element.doc;
+    std::size_t at = 0;
+    for (std::sregex_iterator word(grammar.begin(), grammar.end(), a_word), end; word != end; ++word) {
+        const std::size_t line_end = doc.find('\n', at);
+        if (line_end == std::string::npos) return grammar + ": " + word->str() + " has no help";
+        const std::string help = doc.substr(at, line_end - at);
+        const std::string wrong = fault_of_line(word->str(), help);
+        if (!wrong.empty()) return grammar + ": " + word->str() + ": \"" + help + "\" " + wrong;
+        at = line_end + 1;
+    }
+    return "";
+}
+
+} // namespace help_texts
