@@ -11,6 +11,7 @@
 #include "bench/consoles.h"
 #include "host/engine/engine_host.h"
 #include "host/node_rules.h"
+#include "host/sdk_sim/sdk_sim.h"
 
 namespace {
 
@@ -44,6 +45,8 @@ double library()
     options.serve = false;
     std::string error;
     if (!engine::prepare(options, &error)) abort();
+    // What the simulated network and the sessions take is not the commands'.
+    if (!sdk_sim::load_scenario_text(sdk_sim::demo_scenario(), "demo", &error)) abort();
     install_node_rules();
     RBX_cmd_init();
     RBX_vty_init(nullptr);

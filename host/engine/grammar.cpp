@@ -33,7 +33,7 @@ constexpr Address ADDRESSES[] = {
     {"AA-BB-CC-DD-EE-FF", WordKind::Mac},
 };
 
-static_assert(sizeof(Token) == 8 && alignof(Token) <= alignof(Grammar));
+static_assert(sizeof(Token) == 6 && alignof(Token) <= alignof(Grammar));
 static_assert(std::is_trivially_destructible_v<Grammar> && std::is_trivially_destructible_v<Token>);
 
 // Memory of the parsed forms: handed out in order, never given back.
@@ -77,6 +77,7 @@ constexpr std::array<std::uint8_t, 256> CLASSES = [] {
     classes.fill(FOREIGN);
     classes[' '] = classes['\t'] = SEPARATOR;
     classes['('] = classes[')'] = classes['|'] = GROUPING;
+    classes['\0'] = GROUPING; // the end of the text
     for (unsigned letter = 0; letter < 26; letter++) {
         classes['a' + letter] = LOWER;
         classes['A' + letter] = UPPER;
@@ -124,7 +125,7 @@ const char* classify(std::string_view form, unsigned held, WordKind* kind)
     return nullptr;
 }
 
-// Reads the grammar string into tokens; help is filled in afterwards.
+// Reads the grammar string into tokens.
 struct Parser {
     std::string_view text;
     std::vector<Token>& tokens;
@@ -160,13 +161,10 @@ struct Parser {
             if (!done() && text[at] == '>') at++;
         } else {
             unsigned all = 0;
-            std::size_t end = begin;
-            for (; end < text.size(); end++) {
-                unsigned one = class_of(text[end]);
-                if ((one & (SEPARATOR | GROUPING)) != 0) break;
+            const char* end = text.data() + at;
+            for (unsigned one; ((one = class_of(*end)) & (SEPARATOR | GROUPING)) == 0; end++)
                 all |= one;
-            }
-            at = end;
+            at = static_cast<std::size_t>(end - text.data());
             *held = all;
         }
         return text.substr(begin, at - begin);
@@ -181,21 +179,16 @@ struct Parser {
         if (form.size() > MAX_FORM) return refuse("a word is too long");
         WordKind kind = WordKind::Keyword;
         if (const char* wrong = classify(form, held, &kind)) return refuse(wrong, form);
-        Token token{};
-        token.offset = static_cast<std::uint16_t>(begin);
-        token.length = static_cast<std::uint8_t>(form.size());
-        token.kind = kind;
-        token.in_group = in_group;
-        token.last_of_word = !in_group;
-        tokens.push_back(token);
+        tokens.push_back(
+            {static_cast<std::uint16_t>(begin), static_cast<std::uint8_t>(form.size()), kind, in_group, !in_group});
         return true;
     }
 
     bool is_repeated(std::size_t first) const
     {
-        const Token& last = tokens.back();
+        std::string_view form = text.substr(tokens.back().offset, tokens.back().length);
         for (std::size_t i = first; i + 1 < tokens.size(); i++) {
-            if (text.substr(tokens[i].offset, tokens[i].length) == text.substr(last.offset, last.length)) return true;
+            if (same_text(text.substr(tokens[i].offset, tokens[i].length), form)) return true;
         }
         return false;
     }
@@ -236,6 +229,17 @@ struct Parser {
     }
 };
 
+// The line of help with that number; null data when there are not so many.
+std::string_view help_line(const char* doc, std::size_t number)
+{
+    const char* end = std::strchr(doc, '\n');
+    for (; end != nullptr && number > 0; number--) {
+        doc = end + 1;
+        end = std::strchr(doc, '\n');
+    }
+    return end == nullptr ? std::string_view{} : std::string_view(doc, static_cast<std::size_t>(end - doc));
+}
+
 struct HelpPart {
     std::size_t token; // NONE: the text does not begin with "<alternative>:"
     std::size_t text;  // where its help begins
@@ -243,14 +247,15 @@ struct HelpPart {
 constexpr std::size_t NONE = std::numeric_limits<std::size_t>::max();
 
 // Help of the form "enable: it is on; disable: it is off" names its alternatives.
-HelpPart named_alternative(std::string_view grammar, std::string_view doc, std::size_t at,
-                           const std::vector<Token>& tokens, std::size_t first, std::size_t last)
+HelpPart named_alternative(const Grammar& grammar, std::string_view line, std::size_t at, std::size_t first,
+                           std::size_t end)
 {
-    for (std::size_t i = first; i <= last; i++) {
-        std::string_view form = grammar.substr(tokens[i].offset, tokens[i].length);
-        if (doc.substr(at).starts_with(form) && doc.substr(at + form.size()).starts_with(':')) {
-            std::size_t text = at + form.size() + 1;
-            while (text < doc.size() && doc[text] == ' ')
+    for (std::size_t i = first; i < end; i++) {
+        std::string_view form = grammar.form(i);
+        std::size_t colon = at + form.size();
+        if (colon < line.size() && line[colon] == ':' && same_text(line.substr(at, form.size()), form)) {
+            std::size_t text = colon + 1;
+            while (text < line.size() && line[text] == ' ')
                 text++;
             return {i, text};
         }
@@ -258,55 +263,41 @@ HelpPart named_alternative(std::string_view grammar, std::string_view doc, std::
     return {NONE, at};
 }
 
-void set_help(Token* token, std::size_t begin, std::size_t end)
+// The part of the line that is about the alternative: the whole line, if it does not name it.
+std::string_view part_about(const Grammar& grammar, std::string_view line, std::size_t token)
 {
-    token->help = static_cast<std::uint16_t>(begin);
-    token->help_length = static_cast<std::uint16_t>(end - begin);
-}
-
-// Gives the tokens of one word their help: the whole line, or each alternative its own part of it.
-void assign_help(std::string_view grammar, std::string_view doc, std::size_t begin, std::size_t end,
-                 std::vector<Token>& tokens, std::size_t first, std::size_t last)
-{
-    for (std::size_t i = first; i <= last; i++)
-        set_help(&tokens[i], begin, end);
-    if (!tokens[first].in_group) return;
-    doc = doc.substr(0, end);
-    HelpPart part = named_alternative(grammar, doc, begin, tokens, first, last);
+    std::size_t first = grammar.word_start(token);
+    std::size_t end = grammar.after_word(token);
+    std::string_view about = line;
+    HelpPart part = named_alternative(grammar, line, 0, first, end);
     while (part.token != NONE) {
-        std::size_t part_end = end;
-        HelpPart next{NONE, end};
-        for (std::size_t semicolon = doc.find(';', part.text); semicolon != std::string_view::npos;
-             semicolon = doc.find(';', semicolon + 1)) {
+        std::size_t part_end = line.size();
+        HelpPart next{NONE, part_end};
+        for (std::size_t semicolon = line.find(';', part.text); semicolon != std::string_view::npos;
+             semicolon = line.find(';', semicolon + 1)) {
             std::size_t after = semicolon + 1;
-            while (after < end && doc[after] == ' ')
+            while (after < line.size() && line[after] == ' ')
                 after++;
-            next = named_alternative(grammar, doc, after, tokens, first, last);
+            next = named_alternative(grammar, line, after, first, end);
             if (next.token == NONE) continue;
             part_end = semicolon;
             break;
         }
-        set_help(&tokens[part.token], part.text, part_end);
+        if (part.token == token) about = line.substr(part.text, part_end - part.text);
         part = next;
     }
+    return about;
 }
 
-// Hands out the help lines, one per word.
-bool read_help(std::string_view grammar, std::string_view doc, std::size_t words, std::vector<Token>& tokens)
+// The end of the help; null when it does not have one line for each word.
+const char* help_end(const char* doc, std::size_t words)
 {
-    std::size_t begin = 0;
-    std::size_t first = 0;
     for (; words > 0; words--) {
-        std::size_t end = doc.find('\n', begin);
-        if (end == std::string_view::npos) return false;
-        std::size_t last = first;
-        while (!tokens[last].last_of_word)
-            last++;
-        assign_help(grammar, doc, begin, end, tokens, first, last);
-        begin = end + 1;
-        first = last + 1;
+        doc = std::strchr(doc, '\n');
+        if (doc == nullptr) return nullptr;
+        doc++;
     }
-    return begin == doc.size();
+    return *doc == '\0' ? doc : nullptr;
 }
 
 bool parse_element(const cmd_element& element, std::vector<Token>& tokens, std::size_t* words, std::string* problem)
@@ -316,9 +307,8 @@ bool parse_element(const cmd_element& element, std::vector<Token>& tokens, std::
         return false;
     }
     std::string_view text = element.string;
-    std::string_view doc = element.doc;
-    if (text.size() > MAX_TEXT || doc.size() > MAX_TEXT) {
-        *problem = "the grammar or its help is too long";
+    if (text.size() > MAX_TEXT) {
+        *problem = "the grammar is too long";
         return false;
     }
     tokens.clear();
@@ -328,14 +318,26 @@ bool parse_element(const cmd_element& element, std::vector<Token>& tokens, std::
         return false;
     }
     *words = parser.words;
-    if (!read_help(text, doc, parser.words, tokens)) {
+    const char* end = help_end(element.doc, parser.words);
+    if (end == nullptr) {
         *problem = "the help does not have one line for each of the " + std::to_string(parser.words) + " words";
+        return false;
+    }
+    if (static_cast<std::size_t>(end - element.doc) > MAX_TEXT) {
+        *problem = "the help is too long";
         return false;
     }
     return true;
 }
 
 } // namespace
+
+std::string_view Grammar::help(std::size_t index) const
+{
+    auto earlier_words = std::count_if(tokens(), tokens() + index, [](const Token& at) { return at.last_of_word; });
+    std::string_view line = help_line(element->doc, static_cast<std::size_t>(earlier_words));
+    return token(index).in_group ? part_about(*this, line, index) : line;
+}
 
 const Grammar* grammar_of(cmd_element* element, Origin origin, std::string* error)
 {

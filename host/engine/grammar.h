@@ -36,15 +36,13 @@ enum class WordKind : std::uint8_t {
 enum class Fit : std::uint8_t { ExactKeyword, KeywordPrefix, Value, Variable, None };
 
 // One keyword, variable, range or address: a word of its own or one alternative of a group. Offsets count from the
-// element's own string and doc, which are neither copied nor changed.
+// element's own string, which is neither copied nor changed.
 struct Token {
     std::uint16_t offset;
-    std::uint16_t help;
-    std::uint16_t help_length;
     std::uint8_t length;
-    WordKind kind : 4;
-    bool in_group : 1;
-    bool last_of_word : 1;
+    WordKind kind;
+    bool in_group;
+    bool last_of_word;
 };
 
 // Who brought a command: the command library, the engine itself or the host ("simulate ...").
@@ -72,11 +70,8 @@ struct Grammar {
         const Token& at = token(index);
         return {text + at.offset, at.length};
     }
-    std::string_view help(std::size_t index) const
-    {
-        const Token& at = token(index);
-        return {element->doc + at.help, at.help_length};
-    }
+    // Its help: the line of its word, or what that says about this alternative.
+    std::string_view help(std::size_t index) const;
     // First token after the word that the token belongs to.
     std::size_t after_word(std::size_t index) const
     {
