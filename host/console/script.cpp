@@ -82,7 +82,11 @@ class Runner {
 void Runner::complain(const ScriptLine& line, const std::string& reason) const
 {
     std::string where = line.place.empty() ? "" : line.place + ": ";
-    std::fprintf(stderr, "epon-console: %s\"%s\": %s\n", where.c_str(), line.text.c_str(), reason.c_str());
+    // Enough to know the command by; its line may be many pages long.
+    constexpr std::size_t SHOWN = 160;
+    const char* rest = line.text.size() > SHOWN ? "..." : "";
+    std::fprintf(stderr, "epon-console: %s\"%.*s%s\": %s\n", where.c_str(), static_cast<int>(SHOWN), line.text.c_str(),
+                 rest, reason.c_str());
 }
 
 void Runner::show_event(const Json& event) const

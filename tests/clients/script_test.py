@@ -45,6 +45,12 @@ def test_stops_at_the_first_failure(host, console):
         assert reason in done.stderr and " From " not in done.stdout, done
 
 
+def test_a_long_line_is_named_by_its_beginning(host, console):
+    done = run(console, host, *commands("x" * 17000))
+    line = f'epon-console: "{"x" * 160}...": % Line too long (more than 16384 characters).\n'
+    assert (done.returncode, done.stderr) == (1, line), done
+
+
 def test_keep_going(host, console):
     done = run(console, host, *CONFIG, "--keep-going", *commands("bla", "who", "blub"))
     assert done.returncode == 1 and " From " in done.stdout and done.stderr.count("\n") == 2, done
