@@ -4,6 +4,7 @@
 #include "host/engine/columns.h"
 
 #include <algorithm>
+#include <cstring>
 #include <iterator>
 
 namespace engine {
@@ -77,12 +78,29 @@ char32_t take_character(std::string_view* text)
 
 } // namespace
 
+namespace {
+
+// Looks at eight bytes at a time.
+std::size_t leading_ascii(std::string_view text)
+{
+    std::size_t at = 0;
+    for (std::uint64_t part; at + sizeof part <= text.size(); at += sizeof part) {
+        std::memcpy(&part, text.data() + at, sizeof part);
+        if ((part & 0x8080808080808080) != 0) break;
+    }
+    while (at < text.size() && static_cast<signed char>(text[at]) >= 0)
+        ++at;
+    return at;
+}
+
+} // namespace
+
 std::size_t column_behind(std::size_t column, std::string_view text, std::size_t row)
 {
     while (!text.empty()) {
-        if (static_cast<signed char>(text[0]) >= 0) { // most are ASCII
-            ++column;
-            text.remove_prefix(1);
+        if (std::size_t size = leading_ascii(text); size > 0) { // most texts are nothing else
+            column += size;
+            text.remove_prefix(size);
             continue;
         }
         if (is_continuation(text[0])) { // the rest of a character that was counted with the text before
