@@ -77,16 +77,20 @@ std::string_view without_secrets(const Session& session, std::string_view line, 
                                  std::string* storage)
 {
     const Words& secrets = secret_words();
+    auto begins_like_one = [&secrets](std::string_view word) {
+        return secrets.begins[static_cast<unsigned char>(word[0])];
+    };
+    auto first = std::find_if(words.begin(), words.end(), begins_like_one);
     std::size_t copied = 0;
     std::size_t hidden = words.size(); // the next word to be hidden
-    for (std::size_t i = 0; i < words.size(); ++i) {
+    for (auto i = static_cast<std::size_t>(first - words.begin()); i < words.size(); ++i) {
         if (i == hidden) {
             auto from = static_cast<std::size_t>(words[i].data() - line.data());
             storage->append(line.substr(copied, from - copied)).append(MASK);
             copied = from + words[i].size();
             continue;
         }
-        if (!secrets.begins[static_cast<unsigned char>(words[i][0])]) continue;
+        if (!begins_like_one(words[i])) continue;
         for (const SecretWord& row : secrets.rows)
             if (means(session, words, i, row.word)) hidden = i + row.distance;
     }
