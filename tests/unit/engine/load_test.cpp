@@ -225,14 +225,14 @@ TEST(Load, MemoryOfASessionThatReadsNothingIsBounded)
     let_work(witness);
     std::size_t with_usual = memory_in_use();
     auto [asked, most] = ask_until_cut_off(first, witness);
-    EXPECT_GE(most - before, LOAD_SCALE == 1 ? engine::OUTPUT_LIMIT * 9 / 10 : 0) << "it was on the brink";
-    EXPECT_LT(most - before, engine::SESSION_MEMORY_LIMIT * ABOUT);
+    EXPECT_GE(most, LOAD_SCALE == 1 ? before + engine::OUTPUT_LIMIT * 9 / 10 : 0) << "it was on the brink";
+    EXPECT_LT(most, before + engine::SESSION_MEMORY_LIMIT * ABOUT);
     RecordProperty("bytes_on_the_brink", static_cast<int>(most - before));
     first.disconnect();
     let_work(witness);
     std::size_t kept = memory_in_use(); // by the client
     if (LOAD_SCALE == 1) {
-        EXPECT_LT(with_usual - kept, engine::SESSION_MEMORY_USUAL);
+        EXPECT_LT(with_usual, kept + engine::SESSION_MEMORY_USUAL);
         RecordProperty("usual_bytes", static_cast<int>(with_usual - kept));
     }
 
@@ -241,7 +241,9 @@ TEST(Load, MemoryOfASessionThatReadsNothingIsBounded)
     enable(second);
     fill_usual(second);
     second.shrink_buffers();
-    for (int i = 0; i < asked * 95 / 100; ++i) {
+    // How much the system takes of it differs from one connection to the next.
+    const std::size_t enough = before + engine::OUTPUT_LIMIT * 3 / 4;
+    for (int i = 0; i < 1000 && (LOAD_SCALE == 1 ? memory_in_use() < enough : i < asked / 2); ++i) {
         second.send("print " + std::to_string(LINES_AT_ONCE) + "\r");
         let_work(witness);
     }
@@ -249,10 +251,10 @@ TEST(Load, MemoryOfASessionThatReadsNothingIsBounded)
     let_work(witness);
     second.send("print 30000\r"); // 2 MB, of which one waits
     let_work(witness);
-    most = memory_in_use() - before;
-    EXPECT_GE(most, LOAD_SCALE == 1 ? engine::OUTPUT_LIMIT / 2 + engine::PAGER_HOLD : 0);
-    EXPECT_LT(most, engine::SESSION_MEMORY_LIMIT * ABOUT);
-    RecordProperty("bytes_with_a_page", static_cast<int>(most));
+    most = memory_in_use();
+    EXPECT_GE(most, LOAD_SCALE == 1 ? before + engine::OUTPUT_LIMIT / 2 + engine::PAGER_HOLD : 0);
+    EXPECT_LT(most, before + engine::SESSION_MEMORY_LIMIT * ABOUT);
+    RecordProperty("bytes_with_a_page", static_cast<int>(most - before));
     testing::internal::GetCapturedStderr();
 }
 
