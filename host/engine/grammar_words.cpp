@@ -136,7 +136,7 @@ bool may_become_number(WordKind kind, std::string_view form, std::string_view pa
 
 bool is_byte(std::string_view field)
 {
-    std::uint64_t value;
+    std::uint64_t value = 0;
     if (field.size() > 3 || (field.size() > 1 && field[0] == '0')) return false;
     return read_digits(field, 10, &value) && value <= 255;
 }
