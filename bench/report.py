@@ -130,25 +130,40 @@ class Bench:
         return float(run.stdout)
 
     def tcp_rows(self):
-        servers = {kind: self.start_server(kind) for kind in ("ours", "echo", "libcli", "libcli-nodelay")}
+        # Server and client take turns on one processor: waking another one costs more than either server's work, and
+        # how often that happens is the system's choice of the moment. The rows without a goal leave it the choice.
+        everywhere = os.sched_getaffinity(0)
+        os.sched_setaffinity(0, {max(everywhere)})
+        try:
+            servers = {kind: self.start_server(kind) for kind in ("ours", "echo", "libcli", "libcli-nodelay")}
+        finally:
+            os.sched_setaffinity(0, everywhere)
+        spread = {kind: self.start_server(kind) for kind in ("ours", "echo")}
+        ends = {"ours": "> ", "echo": "\n", "libcli": "> ", "libcli-nodelay": "> "}
         try:
             rates = {kind: [] for kind in servers}
+            spread_rates = {kind: [] for kind in spread}
             pasted = []
             # Short turns, so that ours and its yardstick see the same machine.
             for _ in range(5 if self.quick else 15):
+                os.sched_setaffinity(0, {max(everywhere)})
                 for kind in ("ours", "echo", "libcli-nodelay"):
-                    end = "\n" if kind == "echo" else "> "
-                    rates[kind].append(self.drive(servers[kind][1], "request", "0.3", end))
-                pasted.append(self.drive(servers["ours"][1], "paste", "100000"))
+                    rates[kind].append(self.drive(servers[kind][1], "request", "0.3", ends[kind]))
+                os.sched_setaffinity(0, everywhere)
+                for kind, (_, port) in spread.items():
+                    spread_rates[kind].append(self.drive(port, "request", "0.3", ends[kind]))
+                pasted.append(self.drive(spread["ours"][1], "paste", "100000"))
             rates["libcli"].append(self.drive(servers["libcli"][1], "request", "1", "> "))
             helps = {kind: 1e6 / self.drive(servers[kind][1], "help", "0.5") for kind in ("ours", "libcli-nodelay")}
         finally:
-            for server, _ in servers.values():
+            os.sched_setaffinity(0, everywhere)
+            for server, _ in [*servers.values(), *spread.values()]:
                 server.kill()
                 server.wait()
         rate = {kind: statistics.median(values) for kind, values in rates.items()}
         against_echo = statistics.median(ours / echo for ours, echo in zip(rates["ours"], rates["echo"]))
         yield ratio_at_least(Row("one line at a time, beside a bare echo", rate["ours"], "lines/s", rate["echo"]), against_echo, 0.8, "ratio")
+        yield Row("the same, on all processors", statistics.median(spread_rates["ours"]), "lines/s", statistics.median(spread_rates["echo"]))
         yield Row("the same, beside libcli", rate["ours"], "lines/s", rate["libcli"])
         yield Row("the same, beside libcli without delays", rate["ours"], "lines/s", rate["libcli-nodelay"])
         yield at_least(Row("lines pasted at once", statistics.median(pasted), "lines/s"), 150000)
