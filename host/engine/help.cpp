@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // What "?" and TAB show at a position of the line.
 #include <algorithm>
+#include <deque>
 
 #include "host/engine/dispatch.h"
 #include "host/engine/live_values.h"
@@ -53,21 +54,22 @@ std::vector<Candidate> candidates_at(const Session& session, std::string_view be
 void append_entry(std::string_view word, std::string_view help, std::size_t word_width, std::size_t width,
                   const char* end, std::string* text)
 {
+    const std::size_t columns = columns_of(word);
     std::size_t indent = INDENT + word_width + GAP;
     std::size_t room = width > indent + NARROWEST_HELP ? width - indent - 1 : NARROWEST_HELP;
     text->append(INDENT, ' ').append(word);
-    std::size_t column = INDENT + columns_of(word);
+    std::size_t column = INDENT + columns;
     if (help.empty()) {
         *text += end;
         return;
     }
-    if (columns_of(word) > word_width) {
+    if (columns > word_width) {
         *text += end;
         column = 0;
     }
     while (!help.empty()) {
         std::size_t length = help.size();
-        if (columns_of(help) > room) {
+        if (help.size() > room && columns_of(help) > room) { // no character has more columns than bytes
             length = help.rfind(' ', room);
             if (length == std::string_view::npos || length == 0) length = std::min(help.find(' '), help.size());
         }
@@ -79,8 +81,8 @@ void append_entry(std::string_view word, std::string_view help, std::size_t word
 
 // One line of help.
 struct Row {
-    std::string word;
-    std::string help;
+    std::string_view word;
+    std::string_view help;
 };
 
 std::string table(const std::vector<Row>& rows, std::size_t width, const char* end)
@@ -91,16 +93,17 @@ std::string table(const std::vector<Row>& rows, std::size_t width, const char* e
         if (columns <= WIDEST_WORD) word_width = std::max(word_width, columns);
     }
     std::string text;
+    text.reserve(rows.size() * width);
     for (const Row& row : rows)
         append_entry(row.word, row.help, word_width, width, end, &text);
     return text;
 }
 
 // Words side by side.
-std::string columns(const std::vector<std::string>& words, std::size_t width, const char* end)
+std::string columns(const std::vector<std::string_view>& words, std::size_t width, const char* end)
 {
     std::size_t cell = GAP;
-    for (const std::string& word : words)
+    for (std::string_view word : words)
         cell = std::max(cell, columns_of(word) + GAP);
     std::size_t per_line = std::max<std::size_t>(1, (width - 1) / std::max<std::size_t>(1, cell));
     std::string text;
@@ -116,36 +119,47 @@ std::string columns(const std::vector<std::string>& words, std::size_t width, co
 
 // What can stand at a position, and what of it can be spelt out.
 struct Choices {
-    std::vector<Row> rows;          // for help: live values stand below the word that they are values of
-    std::vector<std::string> words; // keywords and live values that begin with what was typed
-    bool complete = true;           // there is nothing else
+    std::vector<Row> rows;               // for help: live values stand below the word that they are values of
+    std::vector<std::string_view> words; // keywords and live values that begin with what was typed
+    bool complete = true;                // there is nothing else
+    std::deque<std::string> made;        // texts of rows and words that are not the commands' own
+
+    std::string_view keep(std::string text)
+    {
+        return made.emplace_back(std::move(text));
+    }
 };
 
 // A part of a line of help that names several words begins like a line of its own.
-std::string as_sentence(std::string_view help)
+std::string_view as_sentence(std::string_view help, Choices* choices)
 {
+    if (help.empty() || help[0] < 'a' || help[0] > 'z') return help;
     std::string text(help);
-    if (!text.empty() && text[0] >= 'a' && text[0] <= 'z') text[0] = static_cast<char>(text[0] - 'a' + 'A');
-    return text;
+    text[0] = static_cast<char>(text[0] - 'a' + 'A');
+    return choices->keep(std::move(text));
 }
 
 Choices choices_at(const Session& session, std::string_view before_cursor, Position* position)
 {
     Choices choices;
-    for (const Candidate& entry : candidates_at(session, before_cursor, position)) {
-        choices.rows.push_back({std::string(entry.word), as_sentence(entry.help)});
+    const std::vector<Candidate> candidates = candidates_at(session, before_cursor, position);
+    choices.rows.reserve(candidates.size());
+    choices.words.reserve(candidates.size());
+    for (const Candidate& entry : candidates) {
+        choices.rows.push_back({entry.word, as_sentence(entry.help, &choices)});
         if (entry.literal) {
-            if (entry.word.starts_with(position->partial)) choices.words.emplace_back(entry.word);
+            if (entry.word.starts_with(position->partial)) choices.words.push_back(entry.word);
             continue;
         }
         std::vector<LiveValue> values = live_values(session, entry, position->words, position->partial);
         for (const LiveValue& value : values) {
-            choices.words.push_back(value.word);
+            choices.words.push_back(choices.keep(value.word));
             if (&value - values.data() < static_cast<std::ptrdiff_t>(VALUES_SHOWN))
-                choices.rows.push_back({"  " + value.word, value.help});
+                choices.rows.push_back({choices.keep("  " + value.word), choices.keep(value.help)});
         }
         if (values.size() > VALUES_SHOWN)
-            choices.rows.push_back({"  ...", std::to_string(values.size() - VALUES_SHOWN) + " more; TAB lists all"});
+            choices.rows.push_back(
+                {"  ...", choices.keep(std::to_string(values.size() - VALUES_SHOWN) + " more; TAB lists all")});
         if (values.empty()) choices.complete = false;
     }
     return choices;
@@ -182,14 +196,14 @@ Completion complete(const Session& session, std::string_view before_cursor)
     if (rules_of(session.node).raw_line != nullptr) return {};
     Position position;
     Choices choices = choices_at(session, before_cursor, &position);
-    const std::vector<std::string>& words = choices.words;
+    const std::vector<std::string_view>& words = choices.words;
     std::size_t typed = position.partial.size();
-    if (words.size() == 1 && (choices.complete || typed > 0)) return {words[0].substr(typed) + ' ', {}};
+    if (words.size() == 1 && (choices.complete || typed > 0)) return {std::string(words[0].substr(typed)) + ' ', {}};
     if (!words.empty() && typed > 0) {
         std::size_t length = words[0].size();
-        for (const std::string& word : words)
+        for (std::string_view word : words)
             length = std::min(length, common_length(words[0], word));
-        if (length > typed) return {words[0].substr(typed, length - typed), {}};
+        if (length > typed) return {std::string(words[0].substr(typed, length - typed)), {}};
     }
     if (choices.rows.empty()) return {};
     // What has no spelling to complete has help that says what it is.
