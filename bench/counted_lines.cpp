@@ -13,10 +13,9 @@
 #include <libcli.h>
 
 #include "bench/consoles.h"
+#include "bench/library_console.h"
 #include "host/engine/dispatch.h"
 #include "host/engine/engine_host.h"
-#include "host/node_rules.h"
-#include "host/sdk_sim/sdk_sim.h"
 #include "host/secret_words.h"
 
 namespace {
@@ -38,12 +37,7 @@ const char* const LIBRARY_LINES[] = {
 
 vty* session_of_library(bool whole)
 {
-    engine::Options options;
-    options.serve = false;
-    std::string error;
-    if (!engine::prepare(options, &error)) abort();
-    if (!sdk_sim::load_scenario_text(sdk_sim::demo_scenario(), "demo", &error)) abort();
-    install_node_rules();
+    bench::prepare_library_host();
     install_secret_words();
     CLI_activate();
     init_packages();

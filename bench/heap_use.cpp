@@ -9,9 +9,8 @@
 #include <malloc.h>
 
 #include "bench/consoles.h"
+#include "bench/library_console.h"
 #include "host/engine/engine_host.h"
-#include "host/node_rules.h"
-#include "host/sdk_sim/sdk_sim.h"
 
 namespace {
 
@@ -41,13 +40,8 @@ double ours(bench::Elements& elements, std::size_t node_count)
 
 double library()
 {
-    engine::Options options;
-    options.serve = false;
-    std::string error;
-    if (!engine::prepare(options, &error)) abort();
+    bench::prepare_library_host();
     // What the simulated network and the sessions take is not the commands'.
-    if (!sdk_sim::load_scenario_text(sdk_sim::demo_scenario(), "demo", &error)) abort();
-    install_node_rules();
     RBX_cmd_init();
     RBX_vty_init(nullptr);
     std::size_t before = heap_in_use();

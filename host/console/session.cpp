@@ -57,6 +57,7 @@ class Session {
     bool read_console();
     bool send_pending();
     bool show(std::string_view text);
+    bool is_lost() const;
     void handle_stop();
 
     int connection;
@@ -70,6 +71,7 @@ class Session {
     bool left = false;        // Ctrl-]
     bool size_wanted = true;  // the console is to be told the window's size
     char last_sent = '\n';
+    bool heard = false; // the console has said something
     char last_shown = '\n';
     bool held_cr = false; // a carriage return that may belong to a line end
 };
@@ -118,9 +120,18 @@ bool Session::read_console()
     ssize_t count = recv(connection, buffer.data(), buffer.size(), 0);
     if (count < 0) return errno == EINTR || errno == EAGAIN;
     if (count == 0) return false;
+    heard = true;
     std::string shown;
     filter.feed({buffer.data(), static_cast<std::size_t>(count)}, &shown, &to_console);
     return show(shown);
+}
+
+// Whether the console is gone without a word. One that has not read the greeting yet cannot say goodbye in telnet, but
+// the line that refuses a client or ends its session is whole.
+bool Session::is_lost() const
+{
+    if (filter.was_ended()) return false;
+    return !heard || filter.was_answered() || last_shown != '\n';
 }
 
 // False when the connection is broken.
@@ -174,8 +185,9 @@ Ending Session::run(int* signal_number)
             return Ending::Broken;
         }
         if ((wait[0].revents & (POLLIN | POLLHUP | POLLERR)) != 0 && !read_console()) {
+            bool lost = is_lost();
             if (last_shown != '\n') show("\r\n");
-            return filter.is_open() ? Ending::Lost : Ending::ByConsole;
+            return lost ? Ending::Lost : Ending::ByConsole;
         }
         if (wait[1].revents != 0 && !read_keys()) return Ending::Broken;
     }

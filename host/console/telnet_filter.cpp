@@ -90,9 +90,9 @@ void TelnetFilter::feed(std::string_view received, std::string* shown, std::stri
 // answer, nor does its end; everything else is refused.
 void TelnetFilter::answer_option(std::uint8_t option, std::string* answer)
 {
-    if (verb == WILL && option == ECHO_OPTION) open = true;
+    if (verb == WILL && option == ECHO_OPTION) answered = true;
     if (verb == WILL && option == LOGOUT) {
-        open = false;
+        ended = true;
         return;
     }
     if (verb == WILL && option != ECHO_OPTION && option != SUPPRESS_GO_AHEAD) append(answer, {IAC, DONT, option});

@@ -22,10 +22,15 @@ class TelnetFilter {
   public:
     // Appends the data among the received bytes to *shown, and what must be answered to *answer.
     void feed(std::string_view received, std::string* shown, std::string* answer);
-    // The console was there, and has not said that it ends the session.
-    bool is_open() const
+    // The console speaks telnet with this client.
+    bool was_answered() const
     {
-        return open;
+        return answered;
+    }
+    // The console has said that it ends the session.
+    bool was_ended() const
+    {
+        return ended;
     }
 
   private:
@@ -36,7 +41,8 @@ class TelnetFilter {
     State state = State::Data;
     std::uint8_t verb = 0;
     bool after_cr = false;
-    bool open = false;
+    bool answered = false;
+    bool ended = false;
 };
 
 } // namespace console

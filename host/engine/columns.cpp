@@ -76,10 +76,6 @@ char32_t take_character(std::string_view* text)
     return code;
 }
 
-} // namespace
-
-namespace {
-
 // Looks at eight bytes at a time.
 std::size_t leading_ascii(std::string_view text)
 {

@@ -7,6 +7,7 @@ import os
 import pty
 import select
 import signal
+import socket
 import struct
 import subprocess
 import sys
@@ -133,6 +134,26 @@ def test_host_is_killed(host, console):
     assert terminal.end() == 1
 
 
+def test_console_without_telnet(host, console):
+    """What a console has said before it knows that the client speaks telnet tells whether it ended or was lost."""
+    path = host.socket_path + ".silent"
+    with socket.socket(socket.AF_UNIX) as listener:
+        listener.bind(path)
+        listener.listen()
+        for said, status in ((b"", 1), (b"Console of VNS.\r\nVNS> ", 1), (b"% Too many sessions.\r\n", 0),
+                             (b"Console of VNS.\r\nVNS> \r\n% The host ends.\r\n", 0)):
+            process = subprocess.Popen([console, "--socket", path], stdin=subprocess.PIPE, stdout=subprocess.PIPE,
+                                       stderr=subprocess.PIPE)
+            connection, _ = listener.accept()
+            connection.sendall(said)
+            connection.close()
+            shown, errors = process.communicate(timeout=SECONDS)
+            shown_lines = said.replace(b"\r", b"")
+            assert shown == shown_lines + (b"\n" if shown_lines and not shown_lines.endswith(b"\n") else b""), shown
+            lost = b"epon-console: the connection to the console was lost; the host may have stopped\n"
+            assert (process.returncode, errors) == (status, lost if status else b""), (said, process.returncode, errors)
+
+
 def test_stopped_and_continued(host, console):
     """A stop from outside gives the terminal back; going on takes it again."""
     terminal = Terminal(console, host)
@@ -158,15 +179,16 @@ def test_window_size(host, console):
     """Help is laid out for the window's width, and for the new one after a change."""
     terminal = Terminal(console, host, columns=40, rows=50)
     terminal.wait_for(b"> ")
-    terminal.type(b"?")
-    narrow = terminal.wait_for(b"> ")
-    assert max(len(line) for line in narrow.split(b"\r\n")) <= 40, narrow
+
+    def lines_of_help():
+        terminal.type(b"?")
+        return terminal.wait_for(b"> ").split(b"\r\n")
+
+    narrow = lines_of_help()
+    assert max(len(line) for line in narrow) <= 40, narrow
     terminal.resize(160, 50)
     terminal.process.send_signal(signal.SIGWINCH)
-    time.sleep(0.3)
-    terminal.type(b"?")
-    wide = terminal.wait_for(b"> ")
-    assert len(wide.split(b"\r\n")) < len(narrow.split(b"\r\n")), (narrow, wide)
+    wait_until(lambda: len(lines_of_help()) < len(narrow))
     terminal.type(b"\x1d")
     assert terminal.end() == 0
 
