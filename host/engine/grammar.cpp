@@ -241,49 +241,61 @@ std::string_view help_line(const char* doc, std::size_t number)
 }
 
 struct HelpPart {
-    std::size_t token; // NONE: the text does not begin with "<alternative>:"
-    std::size_t text;  // where its help begins
+    bool named = false;   // the text begins with "<alternative>:" or "<alternative>, <alternative>:"
+    bool wanted = false;  // and the alternative that is asked for is among them
+    std::size_t text = 0; // where its help begins
 };
-constexpr std::size_t NONE = std::numeric_limits<std::size_t>::max();
 
-// Help of the form "enable: it is on; disable: it is off" names its alternatives.
-HelpPart named_alternative(const Grammar& grammar, std::string_view line, std::size_t at, std::size_t first,
-                           std::size_t end)
+std::size_t behind_blanks(std::string_view line, std::size_t at)
 {
-    for (std::size_t i = first; i < end; i++) {
-        std::string_view form = grammar.form(i);
-        std::size_t colon = at + form.size();
-        if (colon < line.size() && line[colon] == ':' && same_text(line.substr(at, form.size()), form)) {
-            std::size_t text = colon + 1;
-            while (text < line.size() && line[text] == ' ')
-                text++;
-            return {i, text};
-        }
+    while (at < line.size() && line[at] == ' ')
+        at++;
+    return at;
+}
+
+// The alternative of the token's word that stands there before a colon or a comma; the end of the word if none does.
+std::size_t alternative_at(const Grammar& grammar, std::string_view line, std::size_t at, std::size_t token)
+{
+    std::size_t end = grammar.after_word(token);
+    for (std::size_t i = grammar.word_start(token); i < end; i++) {
+        std::size_t behind = at + grammar.form(i).size();
+        if (behind < line.size() && (line[behind] == ':' || line[behind] == ',') &&
+            same_text(line.substr(at, grammar.form(i).size()), grammar.form(i)))
+            return i;
     }
-    return {NONE, at};
+    return end;
+}
+
+// Help of the form "enable: it is on; disable, off: it is off" names its alternatives.
+HelpPart part_at(const Grammar& grammar, std::string_view line, std::size_t at, std::size_t token)
+{
+    HelpPart part;
+    for (;;) {
+        std::size_t alternative = alternative_at(grammar, line, at, token);
+        if (alternative == grammar.after_word(token)) return {};
+        part.wanted = part.wanted || alternative == token;
+        at += grammar.form(alternative).size();
+        part.named = line[at] == ':';
+        at = behind_blanks(line, at + 1);
+        part.text = at;
+        if (part.named) return part;
+    }
 }
 
 // The part of the line that is about the alternative: the whole line, if it does not name it.
 std::string_view part_about(const Grammar& grammar, std::string_view line, std::size_t token)
 {
-    std::size_t first = grammar.word_start(token);
-    std::size_t end = grammar.after_word(token);
     std::string_view about = line;
-    HelpPart part = named_alternative(grammar, line, 0, first, end);
-    while (part.token != NONE) {
+    HelpPart part = part_at(grammar, line, 0, token);
+    while (part.named) {
         std::size_t part_end = line.size();
-        HelpPart next{NONE, part_end};
-        for (std::size_t semicolon = line.find(';', part.text); semicolon != std::string_view::npos;
+        HelpPart next;
+        for (std::size_t semicolon = line.find(';', part.text); semicolon != std::string_view::npos && !next.named;
              semicolon = line.find(';', semicolon + 1)) {
-            std::size_t after = semicolon + 1;
-            while (after < line.size() && line[after] == ' ')
-                after++;
-            next = named_alternative(grammar, line, after, first, end);
-            if (next.token == NONE) continue;
-            part_end = semicolon;
-            break;
+            next = part_at(grammar, line, behind_blanks(line, semicolon + 1), token);
+            if (next.named) part_end = semicolon;
         }
-        if (part.token == token) about = line.substr(part.text, part_end - part.text);
+        if (part.wanted) about = line.substr(part.text, part_end - part.text);
         part = next;
     }
     return about;

@@ -199,6 +199,24 @@ TEST(Grammar, GivesAlternativesTheirOwnHelp)
     EXPECT_EQ(grammar->help(8), "the second one");
 }
 
+TEST(Grammar, AlternativesShareAPartOfTheHelp)
+{
+    engine_test::Commands commands;
+    const Grammar* grammar = parse(commands.make("set (hw|on|off|blink) (a|b|c) (x|y)",
+                                                 "Set\n"
+                                                 "hw: the hardware, off: never; on, off,blink:the host; at once\n"
+                                                 "a, b: both; c, d: a third, a: of its own\n"
+                                                 "x, y\n"));
+    ASSERT_NE(grammar, nullptr);
+    EXPECT_EQ(grammar->help(1), "the hardware, off: never");
+    for (std::size_t shared : {2, 3, 4})
+        EXPECT_EQ(grammar->help(shared), "the host; at once");
+    EXPECT_EQ(grammar->help(5), "both; c, d: a third, a: of its own");
+    EXPECT_EQ(grammar->help(6), "both; c, d: a third, a: of its own");
+    EXPECT_EQ(grammar->help(7), "a, b: both; c, d: a third, a: of its own") << "d is none of them";
+    EXPECT_EQ(grammar->help(8), "x, y");
+}
+
 TEST(Grammar, IsParsedOnce)
 {
     engine_test::Commands commands;
