@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include <epon/cli.h>
 #include <epon/engine.h>
 #include <epon/sdk.h>
 
@@ -41,14 +42,26 @@ void onu_cli_tail(const vty& session, std::string* prompt)
     *prompt += " " + target(session, session.onu_id) + " CLI)# ";
 }
 
+// A device that cannot be reached says nothing itself.
+int report_unsent(vty* session, int16_t code)
+{
+    const char* newline = VTY_NEWLINE(session);
+    if (code != 0)
+        RBX_vty_out(session, "Command return error.%s%s (error code : %d)%s", newline, error_string_lookup(code), code,
+                    newline);
+    return code;
+}
+
 int send_to_firmware(vty* session, const char* line)
 {
-    return NEP_send_cli_command(session->olt_id, 1, (std::string(line) + "\n").c_str());
+    const std::string text = std::string(line) + "\n";
+    return report_unsent(session, NEP_send_cli_command(session->olt_id, 1, text.c_str()));
 }
 
 int send_to_onu(vty* session, const char* line)
 {
-    return NEP_send_onu_cli_command(session->olt_id, session->onu_id, 1, (std::string(line) + "\n").c_str());
+    const std::string text = std::string(line) + "\n";
+    return report_unsent(session, NEP_send_onu_cli_command(session->olt_id, session->onu_id, 1, text.c_str()));
 }
 
 void leave_firmware(vty* session)
@@ -56,10 +69,13 @@ void leave_firmware(vty* session)
     __atomic_store_n(&session->event_notify, session->event_notify_saved, __ATOMIC_RELAXED);
 }
 
-constexpr char FIRMWARE_HELP[] = "exit  Back to the OLT's commands; every other line goes to its firmware, "
-                                 "which answers to \"help\"";
-constexpr char ONU_CLI_HELP[] = "exit  Back to the ONU's commands; every other line goes to the ONU, "
-                                "which answers to \"help\"";
+#define LEAVE_HELP(outer)                                                                                              \
+    "  exit          Back to " outer " commands\n"                                                                     \
+    "  end           Back to the configuration node\n"                                                                 \
+    "  quit, logout  Close this session\n"
+constexpr char FIRMWARE_HELP[] =
+    LEAVE_HELP("the OLT's") "Every other line goes to the OLT's firmware, which answers to \"help\".";
+constexpr char ONU_CLI_HELP[] = LEAVE_HELP("the ONU's") "Every other line goes to the ONU, which answers to \"help\".";
 
 struct Node {
     const char* name;

@@ -96,6 +96,16 @@ TEST_F(ConnectCli, RefusalsStayInTheOnuNode)
     EXPECT_EQ(session->node, ONU_NODE);
 }
 
+TEST_F(ConnectCli, AnOnuThatCannotBeReachedIsReported)
+{
+    enter_onu(5);
+    EXPECT_EQ(type("connect_cli"), "");
+    inject("NEP_send_onu_cli_command", -5);
+    EXPECT_EQ(type("version"), HARDWARE);
+    EXPECT_EQ(result, -5);
+    EXPECT_EQ(session->node, ONU_CLI_NODE);
+}
+
 TEST_F(ConnectCli, TheOnuAnswers)
 {
     sdk_sim::set_firmware_console(keep_answer);

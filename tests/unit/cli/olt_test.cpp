@@ -192,6 +192,19 @@ TEST_F(Olt, FirmwareConsoleOpensWhateverTheSdkSays)
     type("exit");
 }
 
+TEST_F(Olt, AFirmwareThatCannotBeReachedIsReported)
+{
+    enter(OLT_NODE);
+    type("fw-craft");
+    inject("NEP_send_cli_command", -2);
+    EXPECT_EQ(type("temperature"), "Command return error.\r\ntime out (error code : -2)\r\n");
+    EXPECT_EQ(result, -2);
+    EXPECT_EQ(session->node, OLT_FW_CRAFT_NODE);
+    EXPECT_EQ(type("temperature"), "");
+    EXPECT_EQ(result, 0);
+    type("exit");
+}
+
 // --- Parameters --------------------------------------------------------------------------------------------------
 
 // The record that a setting hands over differs from all-ones in one field only: the journal shows what differs.
