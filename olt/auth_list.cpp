@@ -102,21 +102,21 @@ static constinit cmd_element set_auth_list_operation_mode_cmd =
             "disable: every ONU is admitted; mac-list: an ONU that the active list keeps out cannot register; hybrid: "
             "it registers, but stays unauthorized until it is authorized by command\n");
 
-static constinit cmd_element set_active_auth_list_type_global_cmd =
-    command("set auth-list olt OLT_INDEX active-list (white-list|black-list)", set_active_auth_list_type,
-            "Change a setting\n"
-            "Which ONUs an OLT admits, by their MAC addresses\n"
-            "An OLT\n"
-            "Index of the OLT, 0-15, decimal or with 0x hexadecimal\n"
-            "The list that is followed and edited\n"
-            "white-list: only ONUs in the list are admitted; black-list: all but the ONUs in the list are\n");
+static constinit cmd_element set_active_auth_list_type_global_cmd = command(
+    "set auth-list olt OLT_INDEX active-list (white-list|black-list)", set_active_auth_list_type,
+    "Change a setting\n"
+    "Which ONUs an OLT admits, by their MAC addresses\n"
+    "An OLT\n"
+    "Index of the OLT, 0-15, decimal or with 0x hexadecimal\n"
+    "The list that is followed and edited\n"
+    "white-list: only ONUs in the list are admitted; black-list: all ONUs but those in the list are admitted\n");
 
-static constinit cmd_element set_active_auth_list_type_cmd =
-    command("set auth-list active-list (white-list|black-list)", set_active_auth_list_type,
-            "Change a setting\n"
-            "Which ONUs this OLT admits, by their MAC addresses\n"
-            "The list that is followed and edited\n"
-            "white-list: only ONUs in the list are admitted; black-list: all but the ONUs in the list are\n");
+static constinit cmd_element set_active_auth_list_type_cmd = command(
+    "set auth-list active-list (white-list|black-list)", set_active_auth_list_type,
+    "Change a setting\n"
+    "Which ONUs this OLT admits, by their MAC addresses\n"
+    "The list that is followed and edited\n"
+    "white-list: only ONUs in the list are admitted; black-list: all ONUs but those in the list are admitted\n");
 
 static constinit cmd_element show_active_auth_list_type_global_cmd =
     command("show auth-list active-list olt OLT_INDEX", show_active_auth_list_type,

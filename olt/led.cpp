@@ -120,7 +120,7 @@ static constinit cmd_element set_led_mode_cmd =
             "Which LED\n"
             "The interface, then what the LED shows: its link, frames or errors\n"
             "What drives the LED\n"
-            "hw: the hardware; blink, on, off: the host, which lets it blink, be lit or be dark\n");
+            "hw: the hardware; blink: the host lets it blink; on: the host lights it; off: the host keeps it dark\n");
 
 static constinit cmd_element show_led_mode_cmd =
     command("show led-mode led-type (cni-dp0-link-up|cni-dp0-rx-err|cni-dp0-rx-pkt|cni-dp0-tx-pkt| "

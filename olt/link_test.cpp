@@ -81,7 +81,7 @@ static constinit cmd_element link_test_num_of_frames_vlan_cmd =
             "How long each frame is\n"
             "Octets, 56-1514\n"
             "Whether the result tells how long the frames were under way\n"
-            "disable: it does not; enable: it does, in time quanta of 16 ns\n"
+            "disable: without the delay; enable: with the delay, in time quanta of 16 ns\n"
             "Whether the frames carry a VLAN tag\n"
             "They do\n"
             "Priority of the tag\n"
@@ -99,7 +99,7 @@ static constinit cmd_element link_test_num_of_frames_cmd =
             "How long each frame is\n"
             "Octets, 56-1514\n"
             "Whether the result tells how long the frames were under way\n"
-            "disable: it does not; enable: it does, in time quanta of 16 ns\n"
+            "disable: without the delay; enable: with the delay, in time quanta of 16 ns\n"
             "Whether the frames carry a VLAN tag\n"
             "They do not\n");
 
@@ -132,7 +132,7 @@ static constinit cmd_element no_link_test_cmd =
             "Turn a setting off, or take an object away\n"
             "The test that runs on this link\n"
             "Whether the result tells how long the frames were under way\n"
-            "disable: it does not; enable: it does, in time quanta of 16 ns\n");
+            "disable: without the delay; enable: with the delay, in time quanta of 16 ns\n");
 
 namespace epon {
 

@@ -69,14 +69,16 @@ static constinit cmd_element set_duplicate_mac_handle_mode_global_cmd = command(
     "An OLT\n"
     "Index of the OLT, 0-15, decimal or with 0x hexadecimal\n"
     "The new mode\n"
-    "standard: the newcomer is refused; ignoring: it gets no answer; deregister: the other one is deregistered\n");
+    "standard: the newcomer is refused; ignoring: the newcomer gets no answer; deregister: the other ONU is "
+    "deregistered\n");
 
-static constinit cmd_element set_duplicate_mac_handle_mode_cmd = command(
-    "set duplicate-mac-handle-mode mode (standard|ignoring|deregister)", set_duplicate_mac_handle_mode,
-    "Change a setting\n"
-    "What happens when an ONU registers with the MAC address of another one\n"
-    "The new mode\n"
-    "standard: the newcomer is refused; ignoring: it gets no answer; deregister: the other one is deregistered\n");
+static constinit cmd_element set_duplicate_mac_handle_mode_cmd =
+    command("set duplicate-mac-handle-mode mode (standard|ignoring|deregister)", set_duplicate_mac_handle_mode,
+            "Change a setting\n"
+            "What happens when an ONU registers with the MAC address of another one\n"
+            "The new mode\n"
+            "standard: the newcomer is refused; ignoring: the newcomer gets no answer; deregister: the other ONU is "
+            "deregistered\n");
 
 static constinit cmd_element show_duplicate_mac_handle_mode_global_cmd =
     command("show duplicate-mac-handle-mode olt OLT_INDEX", show_duplicate_mac_handle_mode,

@@ -247,7 +247,7 @@ static constinit cmd_element set_mka_parameter_bool_cmd = command(
     "Which parameter\n"
     "mka-enable: whether keys are agreed on with the link\n"
     "The parameter's new value\n"
-    "enable: keys are agreed on; disable: they are not, and those in use are given up\n");
+    "enable: keys are agreed on; disable: keys are not agreed on, and those in use are given up\n");
 
 static constinit cmd_element set_mka_parameter_ulong_cmd = command(
     "set mka-global-parameter olt OLT_INDEX param "

@@ -111,7 +111,7 @@ static constinit cmd_element set_olt_mng_vlan_cfg_cmd =
             "An OLT\n"
             "Index of the OLT, 0-15, decimal or with 0x hexadecimal\n"
             "host-to-olt-vlan: frames to the OLT; olt-to-host-vlan: frames to the host\n"
-            "enable: the frames are tagged; disable: they are not\n");
+            "enable: the frames are tagged; disable: the frames are not tagged\n");
 
 static constinit cmd_element set_olt_mng_vlan_id_cmd =
     command("set mng-vlan olt OLT_INDEX (host-to-olt-vlan-id|olt-to-host-vlan-id) vlan VLAN", set_olt_mng_vlan_id,
@@ -119,7 +119,7 @@ static constinit cmd_element set_olt_mng_vlan_id_cmd =
             "VLAN tags of the management traffic between the host and an OLT\n"
             "An OLT\n"
             "Index of the OLT, 0-15, decimal or with 0x hexadecimal\n"
-            "host-to-olt-vlan-id: VLAN of frames to the OLT; olt-to-host-vlan-id: of frames to the host\n"
+            "host-to-olt-vlan-id: VLAN of frames to the OLT; olt-to-host-vlan-id: VLAN of frames to the host\n"
             "The new VLAN\n"
             "VLAN, 0-4095, decimal or with 0x hexadecimal\n");
 
@@ -131,7 +131,9 @@ static constinit cmd_element set_olt_mng_vlan_prio_cmd =
             "VLAN tags of the management traffic between the host and an OLT\n"
             "An OLT\n"
             "Index of the OLT, 0-15, decimal or with 0x hexadecimal\n"
-            "host-to-olt-vlan-prio: frames to the OLT; others: management, OAM and protocol frames to the host\n"
+            "host-to-olt-vlan-prio: frames to the OLT; olt-to-host-vlan-mng-prio: management frames to the host; "
+            "olt-to-host-vlan-oam-prio: OAM frames to the host; "
+            "olt-to-host-vlan-protocol-prio: protocol frames to the host\n"
             "The new priority\n"
             "Priority, 0-7, 7 the highest, decimal or with 0x hexadecimal\n");
 
@@ -149,17 +151,19 @@ static constinit cmd_element show_olt_mng_vlan_id_cmd =
             "VLAN tags of the management traffic between the host and an OLT\n"
             "An OLT\n"
             "Index of the OLT, 0-15, decimal or with 0x hexadecimal\n"
-            "host-to-olt-vlan-id: VLAN of frames to the OLT; olt-to-host-vlan-id: of frames to the host\n");
+            "host-to-olt-vlan-id: VLAN of frames to the OLT; olt-to-host-vlan-id: VLAN of frames to the host\n");
 
-static constinit cmd_element show_olt_mng_vlan_prio_cmd = command(
-    "show mng-vlan olt OLT_INDEX (host-to-olt-vlan-prio|olt-to-host-vlan-mng-prio|olt-to-host-vlan-oam-prio|"
-    "olt-to-host-vlan-igmp-prio|olt-to-host-vlan-protocol-prio)",
-    show_olt_mng_vlan_prio,
-    "Show settings and state\n"
-    "VLAN tags of the management traffic between the host and an OLT\n"
-    "An OLT\n"
-    "Index of the OLT, 0-15, decimal or with 0x hexadecimal\n"
-    "host-to-olt-vlan-prio: frames to the OLT; others: management, OAM, IGMP and protocol frames to the host\n");
+static constinit cmd_element show_olt_mng_vlan_prio_cmd =
+    command("show mng-vlan olt OLT_INDEX (host-to-olt-vlan-prio|olt-to-host-vlan-mng-prio|olt-to-host-vlan-oam-prio|"
+            "olt-to-host-vlan-igmp-prio|olt-to-host-vlan-protocol-prio)",
+            show_olt_mng_vlan_prio,
+            "Show settings and state\n"
+            "VLAN tags of the management traffic between the host and an OLT\n"
+            "An OLT\n"
+            "Index of the OLT, 0-15, decimal or with 0x hexadecimal\n"
+            "host-to-olt-vlan-prio: frames to the OLT; olt-to-host-vlan-mng-prio: management frames to the host; "
+            "olt-to-host-vlan-oam-prio: OAM frames to the host; olt-to-host-vlan-igmp-prio: IGMP frames to the host; "
+            "olt-to-host-vlan-protocol-prio: protocol frames to the host\n");
 
 namespace epon {
 

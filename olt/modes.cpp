@@ -246,14 +246,14 @@ static constinit cmd_element set_nack_control_global_cmd =
             "An OLT\n"
             "Index of the OLT, 0-15, decimal or with 0x hexadecimal\n"
             "The new state\n"
-            "enable: a refused ONU gets a NACK; disable: it gets no answer\n");
+            "enable: a refused ONU gets a NACK; disable: a refused ONU gets no answer\n");
 
 static constinit cmd_element set_nack_control_cmd =
     command("set nack-control state (enable|disable)", set_nack_control,
             "Change a setting\n"
             "Whether an ONU that is refused registration is told so\n"
             "The new state\n"
-            "enable: a refused ONU gets a NACK; disable: it gets no answer\n");
+            "enable: a refused ONU gets a NACK; disable: a refused ONU gets no answer\n");
 
 static constinit cmd_element get_nack_control_global_cmd =
     command("show nack-control olt OLT_INDEX", get_nack_control,

@@ -124,7 +124,7 @@ static constinit cmd_element no_onu_test_mode_cmd =
             "A test that runs\n"
             "Send frames back where they came from\n"
             "Which loopback is opened\n"
-            "pon-mac: the one in the MAC of this ONU's PON port; pon-phy: the one in its PHY\n");
+            "pon-mac: the one in the MAC of this ONU's PON port; pon-phy: the one in the PHY of this ONU's PON port\n");
 
 namespace epon {
 

@@ -193,9 +193,9 @@ static constinit cmd_element set_olt_optics_by_module_and_connectivity_global_cm
             "Settings that a kind of module needs\n"
             "How the receivers are connected\n"
             "dual-1g: 1G only; seperated-1g-10g: one each; unified-rx: one for both rates; asymetric: 10G downstream, "
-            "1G upstream; gen-con-type-1, gen-con-type-2: as their generic connections\n"
+            "1G upstream; gen-con-type-1, gen-con-type-2: as that generic connection\n"
             "Which module\n"
-            "auto: the one that is found; ltx5302, ltx5302a, ltx5302b, fiberxon, superxon: one of that kind\n");
+            "auto: the one that is found; ltx5302, ltx5302a, ltx5302b, fiberxon, superxon: a module of that kind\n");
 
 static constinit cmd_element set_olt_optics_by_module_and_connectivity_cmd =
     command("set olt optics by-module-and-connectivity \t    "
@@ -208,9 +208,9 @@ static constinit cmd_element set_olt_optics_by_module_and_connectivity_cmd =
             "Settings that a kind of module needs\n"
             "How the receivers are connected\n"
             "dual-1g: 1G only; seperated-1g-10g: one each; unified-rx: one for both rates; asymetric: 10G downstream, "
-            "1G upstream; gen-con-type-1, gen-con-type-2: as their generic connections\n"
+            "1G upstream; gen-con-type-1, gen-con-type-2: as that generic connection\n"
             "Which module\n"
-            "auto: the one that is found; ltx5302, ltx5302a, ltx5302b, fiberxon, superxon: one of that kind\n");
+            "auto: the one that is found; ltx5302, ltx5302a, ltx5302b, fiberxon, superxon: a module of that kind\n");
 
 static constinit cmd_element set_olt_optics_single_param_rx_term_mode_global_cmd =
     command("set olt OLT_INDEX optics (1g|10g) optics-rx-term-mode "

@@ -186,16 +186,17 @@ static constinit cmd_element set_llid_assignment_cmd =
             "Which LLIDs this OLT gives to its ONUs\n"
             "all-llid: odd and even ones; odd-llid: odd ones only; even-llid: even ones only\n");
 
-static constinit cmd_element set_sled_strobe_cmd = command("set sled-strobe (enable|disable)", set_sled_strobe,
-                                                           "Change a setting\n"
-                                                           "Strobe of the serial LED chain\n"
-                                                           "enable: the chain is strobed; disable: it is not\n");
+static constinit cmd_element set_sled_strobe_cmd =
+    command("set sled-strobe (enable|disable)", set_sled_strobe,
+            "Change a setting\n"
+            "Strobe of the serial LED chain\n"
+            "enable: the chain is strobed; disable: the chain is not strobed\n");
 
 static constinit cmd_element set_sled_mute_cmd =
     command("set sled-mute (enable|disable)", set_sled_mute,
             "Change a setting\n"
             "Muting of the serial LED chain\n"
-            "enable: all serial LEDs are dark; disable: they show their state\n");
+            "enable: all serial LEDs are dark; disable: the serial LEDs show their state\n");
 
 static constinit cmd_element set_i2c_speed_cmd = command("set i2c-speed (standard|fast)", set_i2c_speed,
                                                          "Change a setting\n"
@@ -215,13 +216,13 @@ static constinit cmd_element set_oui_parameter_cmd =
     command("set oui-parameters OUI_PARAM", set_oui_parameter,
             "Change a setting\n"
             "Organizationally unique identifier that this OLT reports in OAM\n"
-            "Identifier for 1G ONUs, 0x0-0xffffff, decimal or with 0x hexadecimal\n");
+            "Identifier, 0x0-0xffffff, decimal or with 0x hexadecimal; without a type it is for 1G ONUs\n");
 
 static constinit cmd_element set_oui_parameter_per_type_cmd =
     command("set oui-parameters OUI_PARAM onu-type (1g|10g)", set_oui_parameter,
             "Change a setting\n"
             "Organizationally unique identifier that this OLT reports in OAM\n"
-            "Identifier, 0x0-0xffffff, decimal or with 0x hexadecimal\n"
+            "Identifier, 0x0-0xffffff, decimal or with 0x hexadecimal; without a type it is for 1G ONUs\n"
             "Which ONUs it is reported to\n"
             "1g: ONUs with a 1G downstream; 10g: ONUs with a 10G downstream\n");
 

@@ -147,18 +147,18 @@ int send_frame_memory_mac(cmd_element*, vty* session, int argc, char** argv)
 #define HEAD_HELP                                                                                                      \
     "Send a frame through this OLT\n"                                                                                  \
     "Where the frame leaves the OLT\n"                                                                                 \
-    "pon: the PON; system: the system port; sniff: the sniffing port; sys-pon, sys-sniff, sys-pon-sniff: several of "  \
-    "them; auto: as the OLT chooses by the addresses; auto-no-all: the same, but never all ports; auto-no-pon, "       \
-    "auto-no-sys: the same without that port\n"
+    "pon: the PON; system: the system port; sniff: the sniffing port; sys-pon, sys-sniff, sys-pon-sniff: all that "    \
+    "the word names; auto: as the OLT chooses by the addresses; auto-no-all: as the OLT chooses, but never all "       \
+    "ports; auto-no-pon, auto-no-sys: as the OLT chooses, but not that port\n"
 #define HEAD_STS_WORDS                                                                                                 \
     "send-frame destination-port "                                                                                     \
     "(pon|system|sniff|sys-pon|sts-sniff|sys-pon-sniff|auto|auto-no-all|auto-no-pon|auto-no-sys) "
 #define HEAD_STS_HELP                                                                                                  \
     "Send a frame through this OLT\n"                                                                                  \
     "Where the frame leaves the OLT\n"                                                                                 \
-    "pon: the PON; system: the system port; sniff: the sniffing port; sys-pon, sts-sniff, sys-pon-sniff: several of "  \
-    "them; auto: as the OLT chooses by the addresses; auto-no-all: the same, but never all ports; auto-no-pon, "       \
-    "auto-no-sys: the same without that port\n"
+    "pon: the PON; system: the system port; sniff: the sniffing port; sys-pon, sts-sniff, sys-pon-sniff: all that "    \
+    "the word names; auto: as the OLT chooses by the addresses; auto-no-all: as the OLT chooses, but never all "       \
+    "ports; auto-no-pon, auto-no-sys: as the OLT chooses, but not that port\n"
 #define LINK_WORDS "(llid-not-relevant|LLID_INDEX) "
 #define LINK_HELP                                                                                                      \
     "llid-not-relevant: the frame is for no link of its own; LLID_INDEX: index of the link, 0-254, decimal or with "   \
@@ -169,7 +169,8 @@ int send_frame_memory_mac(cmd_element*, vty* session, int argc, char** argv)
     "MAC address of the ONU, six hexadecimal fields\n"
 #define CLASS_WORDS "(all-1G-llid|all-10G-llid|anti-llid) "
 #define CLASS_HELP                                                                                                     \
-    "all-1G-llid: for all links with a 1G downstream; all-10G-llid: for all with a 10G downstream; anti-llid: for "    \
+    "all-1G-llid: for all links with a 1G downstream; all-10G-llid: for all links with a 10G downstream; anti-llid: "  \
+    "for "                                                                                                             \
     "all but the link\n"
 #define FILE_WORDS "file FILE_NAME"
 #define FILE_HELP                                                                                                      \
@@ -185,7 +186,7 @@ int send_frame_memory_mac(cmd_element*, vty* session, int argc, char** argv)
 #define ENCRYPT_WORDS " encrypt (yes|no)"
 #define ENCRYPT_HELP                                                                                                   \
     "Whether the frame is encrypted\n"                                                                                 \
-    "yes: with the link's key; no: it is not\n"
+    "yes: with the link's key; no: in the clear\n"
 
 static constinit cmd_element send_frame_cmd =
     command(HEAD_WORDS LINK_WORDS FILE_WORDS, send_frame, HEAD_HELP LINK_HELP FILE_HELP);

@@ -101,7 +101,7 @@ static constinit cmd_element set_simple_operation_rule_for_dereg_llids_cmd =
             "Which operation\n"
             "Whether rules of a link stay in force while the link is not registered\n"
             "The operation's value\n"
-            "enable: they stay; disable: they are taken out\n");
+            "enable: the rules stay; disable: the rules are taken out\n");
 
 static constinit cmd_element set_simple_operation_get_rule_for_dereg_llids_cmd =
     command("show simple-operation olt OLT_INDEX op-type (get-enable-rule-for-dereg-llids)", set_simple_operation,

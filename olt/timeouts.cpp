@@ -101,7 +101,7 @@ static constinit cmd_element set_olt_standard_oam_keepalive_state_cmd = command(
     "Index of the OLT, 0-15, decimal or with 0x hexadecimal\n"
     "A link of the OLT\n"
     "Index of the link, 0-254, decimal or with 0x hexadecimal\n"
-    "enable: a link without OAM is deregistered; disable: it is kept\n");
+    "enable: a link without OAM is deregistered; disable: a link without OAM is kept\n");
 
 static constinit cmd_element show_olt_standard_oam_keepalive_state_cmd =
     command("show oam-keepalive-state olt OLT_INDEX llid LLID_INDEX", show_olt_standard_oam_keepalive_state,
