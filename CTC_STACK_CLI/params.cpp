@@ -103,14 +103,14 @@ static constinit cmd_element set_params_cmd =
             "Management of ONUs by the CTC extension of OAM\n"
             "What the stack does by itself, and what it speaks\n"
             "Whether ONUs are discovered as soon as their OAM is up\n"
-            "disable: they are not; enable: they are\n"
+            "disable: ONUs stay undiscovered; enable: ONUs are discovered\n"
             "How many versions of extended OAM the stack speaks\n"
             "Number of records, 0-62; 0: the one of \"ctc oui\" and \"ctc version\"\n"
             "Which these are\n"
             "OUI;VERSION;OUI;VERSION... without blanks: OUI 0-0xffffff, version 0-255, decimal or with 0x hexadecimal; "
             "any word for no records\n"
             "Whether an ONU that returns is given again what was set on it\n"
-            "disable: it is not; enable: its key timing and its report thresholds are\n");
+            "disable: nothing is given again; enable: its key timing and its report thresholds are set again\n");
 
 static constinit cmd_element show_ctc_parameters_cmd = command("show ctc params", show_ctc_parameters,
                                                                "Show settings and state\n"

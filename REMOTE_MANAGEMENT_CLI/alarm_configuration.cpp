@@ -125,7 +125,7 @@ static constinit cmd_element remote_alarm_configuration_cmd =
             "errored-symbols-period: errors in symbols; errored-frame: errored frames in a time; errored-frame-period: "
             "errored frames among a number of frames; second-summary: seconds with errors\n"
             "Whether the host is told of it\n"
-            "enable: each window with enough errors is an event; disable: none is\n"
+            "enable: each window with enough errors is an event; disable: no window is an event\n"
             "How long errors are counted before they begin at 0 again\n"
             "Of errored-symbols-period: symbols, 1-18446744073709551615; errored-frame: 100 ms, 10-600; "
             "errored-frame-period: frames, 1-4294967295; second-summary: 100 ms, 100-9000\n"
@@ -144,7 +144,7 @@ static constinit cmd_element remote_event_configuration_cmd = command(
     "address-tbl-full: no room for another address; uni-link: link of a user's port; pre-reset: the ONU is about to "
     "start anew; image-burn: progress of a file that it receives\n"
     "Whether the ONU sends it\n"
-    "enable: it does; disable: it does not\n");
+    "enable: the ONU sends it; disable: the ONU does not send it\n");
 
 namespace epon {
 

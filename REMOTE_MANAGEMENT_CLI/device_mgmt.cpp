@@ -130,7 +130,7 @@ static constinit cmd_element remote_extend_mtu_size_cmd =
             "Frames to the users\n"
             "enable: long frames pass; disable: they are counted as too long\n"
             "Frames from the users\n"
-            "enable: long frames pass; disable: they do not\n");
+            "enable: long frames pass; disable: no long frames pass\n");
 
 static constinit OnuShow show_remote_extend_mtu_size_cmd =
     remote_show<"device-mgmt extend-mtu-size", "The ONU as a device\n"

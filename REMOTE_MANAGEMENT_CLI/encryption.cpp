@@ -135,7 +135,7 @@ static constinit cmd_element remote_encryption_configuration_cmd =
             "The ONU's end of its link\n"
             "How encryption treats frames\n"
             "For tests: what is sent is decrypted with the key that it was encrypted with\n"
-            "disable: frames are not mirrored; enable: they are\n"
+            "disable: frames are not mirrored; enable: frames are mirrored\n"
             "Frames that pass as they are, whatever the state of the encryption\n"
             "disable: no frames; enable: all frames\n");
 

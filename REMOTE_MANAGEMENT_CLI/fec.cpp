@@ -61,9 +61,9 @@ static constinit cmd_element remote_fec_configuration_cmd =
             "Whether the ONU finds out by itself if what it receives can be corrected\n"
             "disable: it does as the next word says; enable: it finds out\n"
             "What the ONU receives\n"
-            "disable: it is not corrected; enable: it is\n"
+            "disable: it is not corrected; enable: it is corrected\n"
             "What the ONU sends\n"
-            "disable: it cannot be corrected; enable: it can\n");
+            "disable: it cannot be corrected; enable: it can be corrected\n");
 
 namespace epon {
 

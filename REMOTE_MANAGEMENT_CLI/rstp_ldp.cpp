@@ -34,12 +34,12 @@ static constinit OnuShow show_remote_rstp_ldp_mode_cmd =
     remote_show<"rstp-ldp mode", "Loops that are found by RSTP messages which come back\n"
                                  "Whether the ONU looks for loops\n">(show_remote_rstp_ldp_mode);
 
-static constinit cmd_element remote_rstp_ldp_mode_cmd =
-    command("remote rstp-ldp mode (disable|enable)", remote_rstp_ldp_mode,
-            "Remote management: the ONU is asked by OAM\n"
-            "Loops that are found by RSTP messages which come back\n"
-            "Whether the ONU looks for loops\n"
-            "disable: it does not, and ports that it has closed are opened; enable: a port with a loop is closed\n");
+static constinit cmd_element remote_rstp_ldp_mode_cmd = command(
+    "remote rstp-ldp mode (disable|enable)", remote_rstp_ldp_mode,
+    "Remote management: the ONU is asked by OAM\n"
+    "Loops that are found by RSTP messages which come back\n"
+    "Whether the ONU looks for loops\n"
+    "disable: no loops are looked for, and ports that were closed are opened; enable: a port with a loop is closed\n");
 
 static constinit cmd_element remote_rstp_ldp_resolve_loop_cmd =
     command("remote rstp-ldp resolve-loop port-number <0x0-0xff>", remote_rstp_ldp_resolve_loop,

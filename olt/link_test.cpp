@@ -83,7 +83,7 @@ static constinit cmd_element link_test_num_of_frames_vlan_cmd =
             "Whether the result tells how long the frames were under way\n"
             "disable: without the delay; enable: with the delay, in time quanta of 16 ns\n"
             "Whether the frames carry a VLAN tag\n"
-            "They do\n"
+            "With a VLAN tag\n"
             "Priority of the tag\n"
             "Priority, 0-7\n"
             "VLAN of the tag\n"
@@ -101,7 +101,7 @@ static constinit cmd_element link_test_num_of_frames_cmd =
             "Whether the result tells how long the frames were under way\n"
             "disable: without the delay; enable: with the delay, in time quanta of 16 ns\n"
             "Whether the frames carry a VLAN tag\n"
-            "They do not\n");
+            "Without a VLAN tag\n");
 
 static constinit cmd_element link_test_cont_vlan_cmd = command(
     "test link-test continuous size <60-1514> vlan enable vlan-priority <0-7> vlan-tag <0-4094>", link_test_cont,
@@ -111,7 +111,7 @@ static constinit cmd_element link_test_cont_vlan_cmd = command(
     "How long each frame is\n"
     "Octets, 60-1514\n"
     "Whether the frames carry a VLAN tag\n"
-    "They do\n"
+    "With a VLAN tag\n"
     "Priority of the tag\n"
     "Priority, 0-7\n"
     "VLAN of the tag\n"
@@ -125,7 +125,7 @@ static constinit cmd_element link_test_cont_cmd =
             "How long each frame is\n"
             "Octets, 60-1514\n"
             "Whether the frames carry a VLAN tag\n"
-            "They do not\n");
+            "Without a VLAN tag\n");
 
 static constinit cmd_element no_link_test_cmd =
     command("no link-test delay-measurement (disable|enable)", no_link_test,

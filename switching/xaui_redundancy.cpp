@@ -77,7 +77,7 @@ static constinit cmd_element xaui_redundancy_enable_cmd =
     command("xaui-redundancy-enable state (enable|disable)", xaui_redundancy_enable,
             "This command enable/disable XAUI redundancy.\n"
             "State of the redundancy of this OLT's XAUI uplinks\n"
-            "enable: a failing channel is replaced by the standby one; disable: it is not\n");
+            "enable: a failing channel is replaced by the standby one; disable: a failing channel stays in use\n");
 
 static constinit cmd_element xaui_redundancy_params_set_inactive_ch_mode_cmd =
     command("set xaui-redundancy-params param-type inactive-ch-mode param-value (send-idle|disable)",

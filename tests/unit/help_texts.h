@@ -20,6 +20,17 @@ inline std::string spoken(const std::string& text)
     return letters;
 }
 
+// The help of alternatives is shown line by line: "enable: it is" as "It is", without what stands beside it.
+inline bool leans_on_another_line(const std::string& word, const std::string& help)
+{
+    static const std::regex a_verb_alone("([Ii]t|[Tt]hey|[Nn]one) (is|are|does|do|can|has|have)( not)?(,.*)?");
+    static const std::regex an_alternative("(; |^)[^:;]+: ([^;]+)");
+    if (word.front() != '(') return std::regex_match(help, a_verb_alone);
+    for (std::sregex_iterator part(help.begin(), help.end(), an_alternative), end; part != end; ++part)
+        if (std::regex_match((*part)[2].str(), a_verb_alone)) return true;
+    return false;
+}
+
 // What is wrong with the help of one word; empty when nothing is.
 inline std::string fault_of_line(const std::string& word, const std::string& help)
 {
@@ -27,6 +38,7 @@ inline std::string fault_of_line(const std::string& word, const std::string& hel
     static const std::regex variable("[A-Z][A-Z0-9_]*");
     if (help.empty() || help.front() == ' ' || help.back() == ' ') return "is empty, or has blanks at an end";
     if (spoken(help) == spoken(word)) return "says the word again";
+    if (leans_on_another_line(word, help)) return "cannot be understood alone";
     if (word.front() != '(' && std::islower(static_cast<unsigned char>(help.front())) != 0) return "begins small";
     std::smatch bounds;
     if (std::regex_match(word, bounds, range)) {

@@ -22,6 +22,10 @@ TEST_F(HelpTexts, FaultsAreFound)
     EXPECT_NE(help_texts::fault_of_line("<0-15>", "Index of the OLT, 0-14"), "");
     EXPECT_NE(help_texts::fault_of_line("set", ""), "");
     EXPECT_NE(help_texts::fault_of_line("set", "change a setting"), "");
+    EXPECT_NE(help_texts::fault_of_line("disable", "They do not"), "");
+    EXPECT_NE(help_texts::fault_of_line("(enable|disable)", "enable: frames are tagged; disable: they are not"), "");
+    EXPECT_NE(help_texts::fault_of_line("(disable|enable)", "disable: it does not; enable: the ONU sends it"), "");
+    EXPECT_EQ(help_texts::fault_of_line("(enable|disable)", "enable: tagged; disable: they are not tagged"), "");
     EXPECT_EQ(help_texts::fault_of_line("<0-15>", "Index of the OLT, 0-15"), "");
 }
 
