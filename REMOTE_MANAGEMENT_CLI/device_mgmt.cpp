@@ -99,8 +99,8 @@ static constinit cmd_element remote_led_configuration_cmd = command(
     "The ONU as a device\n"
     "What drives its LEDs\n"
     "Which LED\n"
-    "pon-rx: data from the OLT; pon-link: registration; pon-tx: data to the OLT; pon-rx-err: errors; uni1 to "
-    "uni4: users' ports\n"
+    "pon-rx: data from the OLT; pon-link: registration; pon-tx: data to the OLT; pon-rx-err: errors; uni1, "
+    "uni2, uni3, uni4: users' ports\n"
     "What the LED does\n"
     "hw: what the hardware has it do; fw: what the firmware has it do; off: dark; on: lit; slow, fast: blinks\n");
 

@@ -245,7 +245,7 @@ static constinit cmd_element remote_uni_port_configuration_cmd = command(
     "1000 Mbit/s in full duplex\n"
     "not-capable: the partner is not offered it; capable: the partner is offered it\n"
     "What the partner is told of this device\n"
-    "single: it has one port; multi: it has several, and would rather give the clock\n"
+    "single: it has one port; multi: it has several ports, and would rather give the clock\n"
     "Address of the PHY on its management interface\n"
     "Address, 0x0-0xff, with 0x\n");
 

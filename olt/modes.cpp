@@ -146,7 +146,7 @@ static constinit cmd_element set_olt_ref_clock_cmd =
     command("set olt ref-clock (125-single-ended | 161-13-differential | 125-differential | 161-13-single-ended)",
             set_olt_ref_clock,
             "Change a setting\n"
-            "An OLT\n"
+            "This OLT\n"
             "Reference clock that the OLT's transceivers are fed with\n"
             "125-...: 125 MHz; 161-13-...: 161.13 MHz; single-ended: on one wire; differential: on a pair\n");
 
@@ -160,7 +160,7 @@ static constinit cmd_element show_olt_ref_clock_global_cmd =
 static constinit cmd_element show_olt_ref_clock_cmd =
     command("show olt ref-clock", show_olt_ref_clock,
             "Show settings and state\n"
-            "An OLT\n"
+            "This OLT\n"
             "Reference clock that the OLT's transceivers are fed with\n");
 
 static constinit cmd_element set_olt_flavor_edk_cmd = command(

@@ -236,7 +236,7 @@ static constinit cmd_element set_vsi_parameter_per_type_cmd =
 
 static constinit cmd_element show_olt_parameters_cmd = command("show olt parameters", show_olt_parameters,
                                                                "Show settings and state\n"
-                                                               "An OLT\n"
+                                                               "This OLT\n"
                                                                "All parameters of this OLT\n");
 
 static constinit cmd_element show_olt_parameters_global_cmd =
