@@ -131,7 +131,7 @@ static constinit cmd_element auth_loid_data_add_cmd =
             "LOID, the logical identifier that the ONU's subscriber was given\n"
             "LOID, 1-24 characters without blanks\n"
             "Password that belongs to it\n"
-            "Password, 1-12 characters without blanks; none: the ONU may tell any\n");
+            "PASSWORD: 1-12 characters without blanks; none: the ONU may tell any\n");
 
 static constinit cmd_element auth_loid_data_remove_cmd =
     command("ctc auth loid-data-remove onu-id ONU_ID", auth_loid_data_remove,
@@ -154,9 +154,9 @@ static constinit cmd_element auth_mode_cmd =
             "Which ONUs this OLT admits, by their LOIDs\n"
             "What an ONU has to prove\n"
             "auth-mac: its MAC address, as \"set auth-list\" says; auth-loid: a LOID of the table and its password; "
-            "auth-hybrid: "
-            "an address in a white list that is followed, or a LOID and its password; auth-loid-not-chk-pwd, "
-            "auth-hybrid-not-chk-pwd: the same with any password\n");
+            "auth-hybrid: an address in a white list that is followed, or a LOID and its password; "
+            "auth-loid-not-chk-pwd: a LOID of the table, with any password; auth-hybrid-not-chk-pwd: an address in a "
+            "white list that is followed, or a LOID with any password\n");
 
 static constinit cmd_element show_auth_mode_cmd = command("show ctc auth mode", show_auth_mode,
                                                           "Show settings and state\n"

@@ -54,7 +54,7 @@ static constinit cmd_element card_reset_cmd =
             "Frame (shelf) that the card is in\n"
             "Number of the frame, 0-3\n"
             "Slot that the card is in\n"
-            "Number of the slot, 0-62; all-cards: every card of the frame\n");
+            "all-cards: every card of the frame; <0-62>: number of the slot\n");
 
 namespace epon {
 

@@ -91,18 +91,19 @@ int show_remote_reboot_counter(cmd_element*, vty* session, int argc, char** argv
     return show_remote(session, argc, argv, REMOTE_NEPONU_get_reboot_counter, reboot_counter_fields);
 }
 
-static constinit cmd_element remote_led_configuration_cmd = command(
-    "remote device-mgmt led-configuration led (pon-rx|pon-link|pon-tx|pon-rx-err|uni1|uni2|uni3|uni4) "
-    "activity (hw|fw|off|on|slow|fast)",
-    remote_led_configuration,
-    "Remote management: the ONU is asked by OAM\n"
-    "The ONU as a device\n"
-    "What drives its LEDs\n"
-    "Which LED\n"
-    "pon-rx: data from the OLT; pon-link: registration; pon-tx: data to the OLT; pon-rx-err: errors; uni1, "
-    "uni2, uni3, uni4: users' ports\n"
-    "What the LED does\n"
-    "hw: what the hardware has it do; fw: what the firmware has it do; off: dark; on: lit; slow, fast: blinks\n");
+static constinit cmd_element remote_led_configuration_cmd =
+    command("remote device-mgmt led-configuration led (pon-rx|pon-link|pon-tx|pon-rx-err|uni1|uni2|uni3|uni4) "
+            "activity (hw|fw|off|on|slow|fast)",
+            remote_led_configuration,
+            "Remote management: the ONU is asked by OAM\n"
+            "The ONU as a device\n"
+            "What drives its LEDs\n"
+            "Which LED\n"
+            "pon-rx: data from the OLT; pon-link: registration; pon-tx: data to the OLT; pon-rx-err: errors; uni1, "
+            "uni2, uni3, uni4: users' ports\n"
+            "What the LED does\n"
+            "hw: what the hardware has it do; fw: what the firmware has it do; off: dark; on: lit; slow: blinks "
+            "slowly; fast: blinks fast\n");
 
 static constinit cmd_element remote_reset_device_cmd = command(
     "remote device-mgmt reset-device reason (none|sw|sw-error|periph-low|periph-high)", remote_reset_device,
@@ -110,8 +111,8 @@ static constinit cmd_element remote_reset_device_cmd = command(
     "The ONU as a device\n"
     "Have it start anew: its users are cut off until it has registered again\n"
     "What it is to tell as the cause\n"
-    "none: no cause; sw: by software; sw-error: an error of software; periph-low, periph-high: a peripheral, of "
-    "low or high priority\n");
+    "none: no cause; sw: by software; sw-error: an error of software; periph-low: a peripheral, of low priority; "
+    "periph-high: a peripheral, of high priority\n");
 
 static constinit cmd_element remote_diagnostic_test_cmd =
     command("remote device-mgmt diagnostic-test test (uni-loopback)", remote_diagnostic_test,

@@ -23,7 +23,7 @@ static constinit cmd_element remote_send_file_to_onu_cmd =
             "How the ONU is to call the file\n"
             "Name, 1-31 printable characters without /\n"
             "Where the file is\n"
-            "Path of the file on the host, 1-1048576 octets long\n");
+            "Path of a file of 1-1048576 octets on the host\n");
 
 namespace epon {
 

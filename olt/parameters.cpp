@@ -178,7 +178,8 @@ static constinit cmd_element set_baud_rate_cmd = command(
     "set baud-rate (1200|2400|4800|9600|14400|19200|28800|38400|57600|115200|230400|460800|default)", set_baud_rate,
     "Change a setting\n"
     "Speed of this OLT's UART\n"
-    "Bits per second; default: 115200\n");
+    "1200, 2400, 4800, 9600, 14400, 19200, 28800, 38400, 57600, 115200, 230400, 460800: bits per second; default: "
+    "115200 bits per second\n");
 
 static constinit cmd_element set_llid_assignment_cmd =
     command("set llid-assignment (all-llid|odd-llid|even-llid)", set_llid_assignment,

@@ -2,9 +2,11 @@
 // What every line of help owes the operator.
 #pragma once
 
+#include <algorithm>
 #include <cctype>
 #include <regex>
 #include <string>
+#include <vector>
 
 #include <epon/engine.h>
 
@@ -31,6 +33,35 @@ inline bool leans_on_another_line(const std::string& word, const std::string& he
     return false;
 }
 
+// Help that names one alternative, as "enable: it is on; disable, off: it is off" does, names all of them, each at the
+// beginning of a part: an alternative without a part is shown the whole line, and what is no part of its own is shown
+// with the alternative before it.
+inline std::string fault_of_alternatives(const std::string& word, const std::string& help)
+{
+    static const std::regex an_alternative("[^()| \\t]+");
+    std::vector<std::string> unnamed;
+    for (std::sregex_iterator at(word.begin(), word.end(), an_alternative), end; at != end; ++at)
+        unnamed.push_back(at->str());
+    const std::size_t alternatives = unnamed.size();
+    std::string stray;
+    for (std::size_t at = 0; at < help.size(); at += 2) {
+        const auto is_named = [&](const std::string& name) {
+            return help.compare(at, name.size(), name) == 0 && help.find_first_of(":,", at) == at + name.size();
+        };
+        const auto named = std::find_if(unnamed.begin(), unnamed.end(), is_named);
+        if (named != unnamed.end()) {
+            at += named->size();
+            unnamed.erase(named);
+            if (help[at] == ',') continue;
+        } else {
+            stray = "says \"" + help.substr(at) + "\" of no word";
+        }
+        at = std::min(help.size(), help.find("; ", at));
+    }
+    if (unnamed.size() == alternatives) return "";
+    return stray.empty() && !unnamed.empty() ? "does not name " + unnamed.front() : stray;
+}
+
 // What is wrong with the help of one word; empty when nothing is.
 inline std::string fault_of_line(const std::string& word, const std::string& help)
 {
@@ -49,7 +80,7 @@ inline std::string fault_of_line(const std::string& word, const std::string& hel
             help.find("Path") != std::string::npos || help.find("\"show ") != std::string::npos;
         if (!has_number && !is_told_elsewhere) return "names no range, length or form";
     }
-    return "";
+    return word.front() == '(' ? fault_of_alternatives(word, help) : "";
 }
 
 // The first fault in a command's help, with its words; empty when there is none.

@@ -27,6 +27,13 @@ TEST_F(HelpTexts, FaultsAreFound)
     EXPECT_NE(help_texts::fault_of_line("(disable|enable)", "disable: it does not; enable: the ONU sends it"), "");
     EXPECT_EQ(help_texts::fault_of_line("(enable|disable)", "enable: tagged; disable: they are not tagged"), "");
     EXPECT_EQ(help_texts::fault_of_line("<0-15>", "Index of the OLT, 0-15"), "");
+    EXPECT_NE(help_texts::fault_of_line("(hw|slow|fast)", "hw: as before; slow to fast: blinks"), "");
+    EXPECT_NE(help_texts::fault_of_line("(on|<1-9>)", "on: again; 1-9: off for so many seconds"), "");
+    EXPECT_NE(help_texts::fault_of_line("(on|off)", "on: again"), "");
+    EXPECT_NE(help_texts::fault_of_line("(all|<1-9>)", "Number of the slot, 1-9; all: every slot"), "");
+    EXPECT_EQ(help_texts::fault_of_line("(hw|slow|fast)", "hw: as before; slow, fast: blinks"), "");
+    EXPECT_EQ(help_texts::fault_of_line("(on|<1-9>)", "on: again; <1-9>: off for so many seconds"), "");
+    EXPECT_EQ(help_texts::fault_of_line("(1200 | 2400)", "Bits per second"), "");
 }
 
 } // namespace
