@@ -11,6 +11,7 @@
 
 #include "host/engine/failure_lines.h"
 #include "host/engine/filter_kinds.h"
+#include "host/engine/json_size.h"
 #include "host/engine/name_value.h"
 
 namespace engine {
@@ -24,7 +25,7 @@ class Json : public Filter {
     {
         if (line.text.find_first_not_of(" \t") == std::string_view::npos) return;
         bool behind_error = std::exchange(error_is_last, false);
-        held += line.text.size() + LINE_COST;
+        held += json_size(line.text) + LINE_COST;
         if (held > FILTER_HOLD) {
             ++left_out;
         } else if (line.failure) {

@@ -7,6 +7,7 @@
 #include <nlohmann/json.hpp>
 
 #include "host/engine/failure_lines.h"
+#include "host/engine/json_size.h"
 #include "host/engine/large_text.h"
 #include "host/engine/session.h"
 
@@ -30,14 +31,6 @@ std::string as_text(const Json& json)
 void send_json(Session& session, const Json& json)
 {
     append_to_large(as_text(json) + '\n', &session.out);
-}
-
-// What a byte of an output takes in JSON at most. Bytes of UTF-8 are counted as if none belonged to another.
-std::size_t weight_of(char byte)
-{
-    constexpr std::size_t ESCAPED = 2, NUMBERED = 6; // \n, \u001b
-    if (byte == '"' || byte == '\\' || (byte >= '\b' && byte <= '\r' && byte != '\v')) return ESCAPED;
-    return byte >= ' ' && byte < 0x7f ? 1 : NUMBERED;
 }
 
 // Calls visit(line) for each line, without its end.
@@ -75,7 +68,7 @@ void send_output_member(Session& session, std::string_view output)
     const char* line_end = "";
     for_each_line(output, [&](std::string_view line) {
         session.out += line_end;
-        if (std::all_of(line.begin(), line.end(), [](char byte) { return weight_of(byte) == 1; })) {
+        if (std::all_of(line.begin(), line.end(), [](char byte) { return json_size(byte) == 1; })) {
             session.out += line;
         } else {
             std::string text = as_text(line);
@@ -136,7 +129,7 @@ void keep_output(MachineMode& machine, std::string_view text)
 {
     std::size_t taken = 0;
     for (; taken < text.size() && !machine.truncated; ++taken) {
-        std::size_t weight = weight_of(text[taken]);
+        std::size_t weight = json_size(text[taken]);
         machine.truncated = machine.weight + weight > ANSWER_LIMIT;
         if (machine.truncated) break;
         machine.weight += weight;

@@ -42,6 +42,8 @@ constexpr std::size_t EVENT_HOLD = 64 * 1024;
 // for its file, and the usual amount, with which a session gets by whose client reads.
 constexpr std::size_t SESSION_MEMORY_USUAL = 512 * 1024;
 constexpr std::size_t SESSION_MEMORY_LIMIT = OUTPUT_LIMIT + PAGER_HOLD + 2 * GROWTH_STEP + SESSION_MEMORY_USUAL;
+// What the answer to one command takes while filters and machine mode work on it.
+constexpr std::size_t ANSWER_MEMORY_LIMIT = 16 * 1024 * 1024;
 // How long a closed session waits for its client to take the rest of the output.
 constexpr std::chrono::seconds DRAIN_TIME{10};
 

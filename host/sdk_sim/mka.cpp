@@ -207,11 +207,21 @@ int16_t set_of_link(const Olt& olt, Onu& onu, int32_t parameter, const MKA_value
     }
 }
 
-void put_octets(const MkaOctets& octets, MKA_value* value)
-{
-    value->length = static_cast<uint32_t>(octets.size());
-    std::copy(octets.begin(), octets.end(), value->octets);
-}
+// What a link has as octets.
+struct OctetParameter {
+    int32_t parameter;
+    MkaOctets MkaLink::*octets;
+};
+
+constexpr OctetParameter octet_parameters[] = {
+    {MKA_ACTOR_MEM_ID, &MkaLink::actor_mem_id},
+    {MKA_CAK_NAME, &MkaLink::cak_name},
+    {MKA_CAK, &MkaLink::cak},
+    {MKA_KEK, &MkaLink::kek},
+    {MKA_ICK, &MkaLink::ick},
+    {MKA_KEY_SEED, &MkaLink::key_seed},
+    {MKA_SAK, &MkaLink::sak},
+};
 
 int16_t get_of_link(const MkaLink& mka, int32_t parameter, MKA_value* value)
 {
@@ -220,36 +230,23 @@ int16_t get_of_link(const MkaLink& mka, int32_t parameter, MKA_value* value)
     case MKA_ENABLE:
         value->number = mka.is_enabled;
         return SUCCESS;
-    case MKA_ACTOR_MEM_ID:
-        put_octets(mka.actor_mem_id, value);
-        return SUCCESS;
-    case MKA_CAK_NAME:
-        put_octets(mka.cak_name, value);
-        return SUCCESS;
-    case MKA_CAK:
-        put_octets(mka.cak, value);
-        return SUCCESS;
-    case MKA_KEK:
-        put_octets(mka.kek, value);
-        return SUCCESS;
-    case MKA_ICK:
-        put_octets(mka.ick, value);
-        return SUCCESS;
     case MKA_SCI:
         value->number = mka.sci;
-        return SUCCESS;
-    case MKA_KEY_SEED:
-        put_octets(mka.key_seed, value);
-        return SUCCESS;
-    case MKA_SAK:
-        put_octets(mka.sak, value);
         return SUCCESS;
     case MKA_MN:
         value->number = mka.message_number;
         return SUCCESS;
     default:
-        return PARAMETER_ERROR;
+        break;
     }
+    for (const OctetParameter& row : octet_parameters) {
+        if (row.parameter != parameter) continue;
+        const MkaOctets& octets = mka.*row.octets;
+        value->length = static_cast<uint32_t>(octets.size());
+        std::copy(octets.begin(), octets.end(), value->octets);
+        return SUCCESS;
+    }
+    return PARAMETER_ERROR;
 }
 
 struct Range {

@@ -168,12 +168,18 @@ TEST(Filter, MakesADocumentOfOneShape)
 
 TEST(Filter, HoldsABoundedPartOfAnAnswer)
 {
-    std::string answer;
-    std::string line = "a: " + std::string(1000, 'x') + "\r\n";
-    for (int i = 0; i < 3000; ++i)
-        answer += line;
+    auto lines_of = [](char letter) {
+        std::string text;
+        for (int i = 0; i < 3000; ++i)
+            text += "a: " + std::string(1000, letter) + "\r\n";
+        return text;
+    };
+    std::string answer = lines_of('x');
     nlohmann::json json = json_of(answer);
     EXPECT_LT(json["records"].size(), 1100U);
+    EXPECT_EQ(json["records"].size() + json["lines_left_out"].get<std::size_t>(), 3000U);
+    json = json_of(lines_of('\x01')); // "\u0001": six times as long
+    EXPECT_LT(json["records"].size(), 1100U / 6);
     EXPECT_EQ(json["records"].size() + json["lines_left_out"].get<std::size_t>(), 3000U);
     EXPECT_NE(filter("x | section b", answer).text.find("% The answer is too long for this filter: "),
               std::string::npos);

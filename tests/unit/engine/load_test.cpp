@@ -291,3 +291,92 @@ TEST(Load, MemoryOfAProgramThatReadsNothingIsBounded)
     RecordProperty("bytes_per_program", static_cast<int>(most / PROGRAMS));
     call_hook = {};
 }
+
+namespace {
+
+// Looks at the memory in use all the time.
+class Watch {
+  public:
+    Watch() : thread([this] { look(); }) {}
+    ~Watch()
+    {
+        end();
+    }
+    Watch(const Watch&) = delete;
+    Watch& operator=(const Watch&) = delete;
+    std::size_t end()
+    {
+        ends = true;
+        if (thread.joinable()) thread.join();
+        return most;
+    }
+
+  private:
+    void look()
+    {
+        while (!ends) {
+            most = std::max(most, memory_in_use());
+            std::this_thread::sleep_for(100us);
+        }
+    }
+    std::atomic<bool> ends{false};
+    std::size_t most = 0;
+    std::thread thread;
+};
+
+} // namespace
+
+// Whatever an answer of 30 MB holds and whatever filters it goes through, little of it is in memory at a time.
+TEST(Load, MemoryOfAnAnswerWhileItIsMadeIsBounded)
+{
+    const std::string texts[] = {
+        "a\r\n", "link 1\r\n  a: 1\r\n  b: two words\r\n", std::string(4094, '\x01') + "\r\n",
+        std::string(4096, 'x'), // no line ever ends
+    };
+    const std::string chains[] = {
+        "",
+        " | json",
+        " | section .",
+        " | section . | section . | section . | section . | section . | section . | section . | section .",
+        " | section . | section . | section . | section . | section . | section . | section . | json",
+    };
+    testing::internal::CaptureStderr();
+    ConsoleServer server;
+    Client witness;
+    witness.connect_tcp(server.port());
+    enable(witness);
+    let_work(witness);
+    const std::size_t before = memory_in_use();
+    std::size_t widest = 0;
+    std::atomic<bool> printed{false}; // before the witness is answered again
+    for (const std::string& text : texts) {
+        std::string piece;
+        while (piece.size() < 4096)
+            piece += text;
+        call_hook = [&piece, &printed](vty* session) {
+            for (std::size_t size = 0; size < 30'000'000 / LOAD_SCALE; size += piece.size())
+                print_to(session, "%s", piece.c_str());
+            printed = true;
+        };
+        for (const std::string& chain : chains) {
+            for (const char* greeting : {"", "#!machine x\n"}) {
+                Client client;
+                client.connect_local(server.socket_path());
+                printed = false;
+                Watch watch;
+                client.send(std::string(greeting) + "enable\ncall" + chain + "\n");
+                do
+                    let_work(witness);
+                while (!printed);
+                std::size_t most = watch.end();
+                EXPECT_LT(most, before + engine::ANSWER_MEMORY_LIMIT * ABOUT) << text.size() << chain << greeting;
+                widest = std::max(widest, most);
+                client.reset();
+                let_work(witness);
+            }
+        }
+    }
+    RecordProperty("bytes_of_the_widest", static_cast<int>(widest - before));
+    call_hook = {};
+    testing::internal::GetCapturedStderr();
+}
