@@ -85,7 +85,7 @@ void add_meanings(const Walk& walk, std::uint32_t index, std::string_view word, 
     const Grammar& grammar = *at.grammar;
     std::size_t end = grammar.after_word(at.token);
     for (std::size_t token = grammar.word_start(at.token); token < end; token++) {
-        if (fit_of(grammar.token(token).kind, grammar.form(token), word) == Fit::KeywordPrefix) {
+        if (fit_of(grammar, token, word) == Fit::KeywordPrefix) {
             meanings.emplace_back(grammar.form(token));
         }
     }
@@ -227,7 +227,7 @@ void explain(const Walk& walk, std::string& reason)
 bool has_unclear_end(const Walk& walk, const Walk::Set& set, std::uint32_t final, std::string_view last)
 {
     const State& end = walk.state(final);
-    if (fit_of(end.grammar->token(end.token).kind, form_of(end), last) != Fit::KeywordPrefix) return false;
+    if (fit_of(*end.grammar, end.token, last) != Fit::KeywordPrefix) return false;
     for (std::uint32_t index = set.begin; index < set.end; index++) {
         if (walk.state(index).ambiguous || form_of(walk.state(index)) != form_of(end)) return true;
     }

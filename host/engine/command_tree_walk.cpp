@@ -103,7 +103,7 @@ Step Walk::step_leaf(const Grammar& grammar, std::size_t token, std::string_view
     Step step;
     for (;; token++) {
         const Token& alternative = grammar.token(token);
-        Fit fit = fit_of(alternative.kind, grammar.form(token), word);
+        Fit fit = fit_of(grammar, token, word);
         if (fit == Fit::ExactKeyword) { // nothing fits better
             return {static_cast<std::uint16_t>(token), fit, false,
                     static_cast<std::uint16_t>(grammar.after_word(token))};
@@ -247,7 +247,7 @@ void Walk::expand_beginnings(const TreeNode& node, std::uint32_t index, std::str
     if (!node.has_keyword_like(word)) return;
     for (const Edge& edge : node.keywords_from(word)) {
         if (!form_of(edge).starts_with(word)) break;
-        if (keyword_fit(form_of(edge), word) == Fit::KeywordPrefix) enter(index, edge, Fit::KeywordPrefix);
+        if (fit_of(*edge.grammar, edge.token, word) == Fit::KeywordPrefix) enter(index, edge, Fit::KeywordPrefix);
     }
 }
 

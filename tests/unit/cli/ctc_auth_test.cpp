@@ -70,6 +70,15 @@ TEST_F(CtcAuth, TableOfLoids)
     EXPECT_EQ(journal(), Calls{"CTC_STACK_get_auth_loid_data_table(0) = 0 -> [\"bob\",\"abcdefghijklmnopqrstuvwx\"]"});
 }
 
+TEST_F(CtcAuth, APasswordMayBeginLikeTheWordForNone)
+{
+    for (const char* password : {"n", "no", "non", "nones"}) {
+        const std::string loid = std::string("with-") + password;
+        EXPECT_EQ(type("ctc auth loid-data-add onu-id " + loid + " password " + password), "");
+        EXPECT_EQ(journal(), Calls{"CTC_STACK_add_auth_loid_data(0, \"" + loid + "\", \"" + password + "\") = 0"});
+    }
+}
+
 TEST_F(CtcAuth, TableRefusals)
 {
     EXPECT_EQ(type("ctc auth loid-data-add onu-id abcdefghijklmnopqrstuvwxy password none"),

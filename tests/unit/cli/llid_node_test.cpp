@@ -174,17 +174,20 @@ TEST_F(LlidNode, IndexConversion)
 
 TEST_F(LlidNode, Broadcast)
 {
-    for (const char* line : {"llid broadcast", "llid b"}) {
-        begin();
-        EXPECT_EQ(type(line), "");
-        EXPECT_EQ(result, 0);
-        EXPECT_EQ(session->node, BC_LLID_NODE);
-        EXPECT_EQ(session->llid, 0xFFF);
-        EXPECT_EQ(session->onu_by_index, 1);
-        EXPECT_STREQ(session->onu_mac, "before");
-        EXPECT_EQ(journal(), Calls{});
-        EXPECT_EQ(engine::prompt(session), "LAB(OLT0 LLID-BROADCAST)# ");
-    }
+    begin();
+    EXPECT_EQ(type("llid broadcast"), "");
+    EXPECT_EQ(result, 0);
+    EXPECT_EQ(session->node, BC_LLID_NODE);
+    EXPECT_EQ(session->llid, 0xFFF);
+    EXPECT_EQ(session->onu_by_index, 1);
+    EXPECT_STREQ(session->onu_mac, "before");
+    EXPECT_EQ(journal(), Calls{});
+    EXPECT_EQ(engine::prompt(session), "LAB(OLT0 LLID-BROADCAST)# ");
+
+    begin();
+    EXPECT_EQ(type("llid broad"), "Error reading LLID_INDEX parameter for command from input, aborting\r\n");
+    EXPECT_EQ(result, -1);
+    expect_unchanged();
 }
 
 TEST_F(LlidNode, BroadcastByAddress)

@@ -81,7 +81,7 @@ Reading read_line(const cmd_element& element, std::span<const std::string_view> 
         std::size_t best_token = token;
         int equal = 0;
         for (std::size_t i = token; i < end; i++) {
-            Fit fit = engine::fit_of(grammar.token(i).kind, grammar.form(i), word);
+            Fit fit = engine::fit_of(grammar, i, word);
             equal = fit < best ? 1 : equal + (fit == best);
             if (fit >= best) continue;
             best = fit;

@@ -68,6 +68,7 @@ constexpr std::initializer_list<const char*> OLT_COMMANDS = {
     "show olt optics (1g|10g)",
     "show olt-pon-clock olt OLT_INDEX",
     "llid (LLID_INDEX|broadcast)",
+    "auth password (PASSWORD|none)",
     "llid llid-mac-address (AA-BB-CC-DD-EE-FF|ff-ff-ff-ff-ff-ff)",
     "onu deregister ONU_INDEX",
     "onu deregister onu-mac-address AA-BB-CC-DD-EE-FF",
@@ -107,7 +108,6 @@ constexpr Line LINES[] = {
     {"set ma 12000", "set max-rtt 12000 | 12000"},
     {"set ma en", "set mac-learning enable | enable"},
     {"se xaui param-t gp param-v tog", "set xaui-redundancy-params param-type gpio-mode param-value toggle | toggle"},
-    {"llid b", "llid broadcast | broadcast"},
     {"dis d", "disactivate disactivated | disactivated"},
     {"set-g cl", "set-grants clear-table"},
     {"onu dereg 7 w", "onu deregister 7 wait-for-completion | 7"},
@@ -135,6 +135,15 @@ constexpr Line LINES[] = {
     {"llid llid-mac-address f", "llid llid-mac-address f | f"},
     {"host address 10.1.2.3", "host address 10.1.2.3 | 10.1.2.3"},
     {"host address 1:2:3:4:5:6:7:8", "host address 1:2:3:4:5:6:7:8 | 1:2:3:4:5:6:7:8"},
+    // Beside a variable a keyword is typed in full: what begins it may be meant.
+    {"llid broadcast", "llid broadcast | broadcast"},
+    {"llid broadcas", "llid broadcas | broadcas"},
+    {"llid b", "llid b | b"},
+    {"ll b", "llid b | b"},
+    {"auth password none", "auth password none | none"},
+    {"auth password non", "auth password non | non"},
+    {"auth password no", "auth password no | no"},
+    {"au pass n", "auth password n | n"},
     // More than one meaning.
     {"set ma", "incomplete"},
     // A short last word that could begin a longer command is not taken for the one that ends here.
@@ -259,8 +268,10 @@ TEST(CommandTree, AlternativesOfOneGroupAreNotCommandsOfTheirOwn)
     EXPECT_EQ(meaning(commands.run("set 7 end")), "set 7 end | 7"); // both ranges take it: still one argument
     EXPECT_EQ(meaning(commands.run("set 15 e")), "set 15 end | 15");
     EXPECT_EQ(meaning(commands.run("set 21 e")), "set 21 end | 21");
-    EXPECT_EQ(meaning(commands.run("set ena end")), "ambiguous: enable, enabled");
+    EXPECT_EQ(meaning(commands.run("set ena end")), "set ena end | ena");
     EXPECT_EQ(meaning(commands.run("set enable m")), "set enable more | enable");
+    Commands without_variable{"set (enable|enabled|<0-9>) end", "set (enable|enabled|<0-9>) more"};
+    EXPECT_EQ(meaning(without_variable.run("set ena end")), "ambiguous: enable, enabled");
 }
 
 TEST(CommandTree, TakesGluedAndTabbedGrammars)
