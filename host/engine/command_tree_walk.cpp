@@ -103,11 +103,12 @@ Step Walk::step_leaf(const Grammar& grammar, std::size_t token, std::string_view
     Step step;
     for (;; token++) {
         const Token& alternative = grammar.token(token);
-        Fit fit = fit_of(grammar, token, word);
+        Fit fit = fit_of(alternative.kind, grammar.form(token), word);
         if (fit == Fit::ExactKeyword) { // nothing fits better
             return {static_cast<std::uint16_t>(token), fit, false,
                     static_cast<std::uint16_t>(grammar.after_word(token))};
         }
+        if (fit == Fit::KeywordPrefix && grammar.stands_beside_variable(token)) fit = Fit::None;
         if (fit < step.fit) {
             step = {static_cast<std::uint16_t>(token), fit, false, 0};
         } else if (fit == Fit::KeywordPrefix && fit == step.fit) {

@@ -86,8 +86,9 @@ struct Grammar {
             index--;
         return index;
     }
-    // Whether a variable is among the alternatives that the token belongs to.
-    bool has_variable(std::size_t index) const
+    // Whether a variable is among the alternatives that the keyword belongs to. Then it is typed in full: "no" is a
+    // password, even where "none" may be typed instead of one.
+    bool stands_beside_variable(std::size_t index) const
     {
         std::size_t end = after_word(index);
         for (index = word_start(index); index < end; index++)
@@ -144,13 +145,11 @@ inline Fit fit_of(WordKind kind, std::string_view form, std::string_view word)
     return kind == WordKind::Keyword ? keyword_fit(form, word) : value_fit(kind, form, word);
 }
 
-// The same for a token of a grammar. A keyword that stands beside a variable is typed in full: "no" is a password, even
-// where "none" may be typed instead of one.
+// The same for a token of a grammar.
 inline Fit fit_of(const Grammar& grammar, std::size_t token, std::string_view word)
 {
-    const Token& at = grammar.token(token);
-    Fit fit = fit_of(at.kind, grammar.form(token), word);
-    return fit == Fit::KeywordPrefix && at.in_group && grammar.has_variable(token) ? Fit::None : fit;
+    Fit fit = fit_of(grammar.token(token).kind, grammar.form(token), word);
+    return fit == Fit::KeywordPrefix && grammar.stands_beside_variable(token) ? Fit::None : fit;
 }
 
 // Whether more typing can still make a fitting word of `partial`.
