@@ -36,9 +36,9 @@ static constinit cmd_element test_loopback_mode_cmd =
             "Run a test\n"
             "Send frames back where they came from\n"
             "Where the loopback is closed\n"
-            "pon-mac: in the MAC of the PON port; pon-phy: in the PHY of the PON port; system-phy: in the PHY of the "
-            "system port; "
-            "system-mac: in the MAC of the system port; sniff: at the sniffing port\n");
+            "pon-mac: in the MAC of the PON port; pon-phy: in the PHY of the PON port; "
+            "system-phy: in the PHY of the system port; system-mac: in the MAC of the system port; "
+            "sniff: at the sniffing port\n");
 
 static constinit cmd_element no_test_loopback_mode_cmd = command("no test loopback", no_test_loopback_mode,
                                                                  "Turn a setting off, or take an object away\n"

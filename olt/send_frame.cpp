@@ -169,9 +169,8 @@ int send_frame_memory_mac(cmd_element*, vty* session, int argc, char** argv)
     "MAC address of the ONU, six hexadecimal fields\n"
 #define CLASS_WORDS "(all-1G-llid|all-10G-llid|anti-llid) "
 #define CLASS_HELP                                                                                                     \
-    "all-1G-llid: for all links with a 1G downstream; all-10G-llid: for all links with a 10G downstream; anti-llid: "  \
-    "for "                                                                                                             \
-    "all but the link\n"
+    "all-1G-llid: for all links with a 1G downstream; all-10G-llid: for all links with a 10G downstream; "             \
+    "anti-llid: for all but the link\n"
 #define FILE_WORDS "file FILE_NAME"
 #define FILE_HELP                                                                                                      \
     "Take the frame from a file of the host\n"                                                                         \
