@@ -230,6 +230,12 @@ bool CommandTree::install(cmd_element* element, Origin origin, std::string* erro
     return false;
 }
 
+bool CommandTree::has_first_keyword(std::string_view word) const
+{
+    const TreeNode& root = impl->nodes.front();
+    return root.has_keyword_like(word) && !root.keywords_equal(word).empty();
+}
+
 void CommandTree::for_each(const std::function<void(const cmd_element&, Origin)>& visit) const
 {
     for (const Grammar* grammar : impl->installed)

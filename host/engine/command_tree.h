@@ -64,6 +64,9 @@ class CommandTree {
     // what could follow if it were a value is listed only when nothing else is.
     std::vector<Candidate> candidates(std::span<const std::string_view> words, std::string_view partial) const;
 
+    // Whether commands begin with the keyword.
+    bool has_first_keyword(std::string_view word) const;
+
     // Calls visit for every installed element in order of installation.
     void for_each(const std::function<void(const cmd_element&, Origin)>& visit) const;
 

@@ -78,11 +78,11 @@ void print_unknown(Session& session, std::string_view line, const std::vector<st
     const Match& match = session.match;
     if (match.error_word < words.size()) print_caret(session, line, words[match.error_word]);
     if (!match.reason.empty())
-        print(session, UNKNOWN_WORD, match.reason.c_str(), newline(session));
+        print(session, WRONG_WORD, match.reason.c_str(), newline(session));
     else if (const char* home = home_of(session.node, words))
         print(session, UNKNOWN_HERE, home, newline(session));
     else
-        print(session, UNKNOWN_COMMAND, newline(session));
+        print(session, match.error_word == 0 ? UNKNOWN_COMMAND : UNKNOWN_WORD, newline(session));
 }
 
 void print_ambiguous(Session& session)

@@ -14,7 +14,8 @@ namespace engine {
 // "Unknown" stand below a caret under the word, unless the line reaches beyond the screen.
 constexpr const char* UNKNOWN_COMMAND = "%% Unknown command.%s";
 constexpr const char* UNKNOWN_HERE = "%% Unknown command here: it belongs to %s.%s"; // the title of its node
-constexpr const char* UNKNOWN_WORD = "%% Unknown word here: %s.%s";                  // why, as the grammar can tell
+constexpr const char* UNKNOWN_WORD = "%% Unknown word here.%s";   // behind words that commands begin with
+constexpr const char* WRONG_WORD = "%% Unknown word here: %s.%s"; // why, as the grammar can tell
 constexpr const char* INCOMPLETE_COMMAND = "%% Incomplete command.%s";
 constexpr const char* AMBIGUOUS_COMMAND = "%% Ambiguous command: %s.%s"; // what it could mean
 constexpr const char* WRONG_FILTER = "%% %s.%s";                         // below a caret, too

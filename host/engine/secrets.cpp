@@ -57,6 +57,8 @@ bool means(const Session& session, std::span<const std::string_view> words, std:
     if (!begins && !resembles(typed, secret)) return false;
     const Node* node = find_node(session.node);
     if (node == nullptr || node->rules.raw_line != nullptr) return typed.size() >= TELLING_LENGTH;
+    // "set" is a word of its own, in many lines, and no short "set-key".
+    if (at == 0 && node->commands.has_first_keyword(typed) && !node->commands.has_first_keyword(secret)) return false;
     auto candidates = node->commands.candidates(words.first(at), typed);
     if (candidates.empty()) return typed.size() >= TELLING_LENGTH;
     return std::any_of(candidates.begin(), candidates.end(),
