@@ -31,8 +31,9 @@ class Operator:
     def __init__(self, name, command):
         self.watch = client_tests.Stopwatch(name)
         self.name = name
+        # nc leaves the terminal as it is, whose echo would fall into the middle of what the console prints.
         self.terminal = pexpect.spawn(command[0], command[1:], timeout=60, encoding="utf-8", codec_errors="replace",
-                                      dimensions=(24, 200), maxread=65536)
+                                      dimensions=(24, 200), maxread=65536, echo=name != "nc")
         self.terminal.delaybeforesend = None
         self.line_end = "\n" if name == "nc" else "\r"
 
