@@ -108,6 +108,7 @@ Step Walk::step_leaf(const Grammar& grammar, std::size_t token, std::string_view
             return {static_cast<std::uint16_t>(token), fit, false,
                     static_cast<std::uint16_t>(grammar.after_word(token))};
         }
+        // The rest of what the grammar's fit_of() says: words typed in full, which most are, do not come here.
         if (fit == Fit::KeywordPrefix && grammar.stands_beside_variable(token)) fit = Fit::None;
         if (fit < step.fit) {
             step = {static_cast<std::uint16_t>(token), fit, false, 0};
